@@ -1,0 +1,21 @@
+# Install rules and the CMake package, so that a consumer writes find_package(qzdescriptor).
+
+include(CMakePackageConfigHelpers)
+
+install(TARGETS qzdescriptor qzutl qzdistribution EXPORT qzdescriptorTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+foreach(folder include/descriptor platform/qzutl/include/qzutl platform/qzdistribution/include/qzdistribution)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+          FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(FILES ${PROJECT_BINARY_DIR}/include/descriptor/Export.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/descriptor)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qzdescriptor)
+install(EXPORT qzdescriptorTargets NAMESPACE qzdescriptor:: DESTINATION ${package_dir})
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/qzdescriptorConfig.cmake.in
+                              ${PROJECT_BINARY_DIR}/qzdescriptorConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/qzdescriptorConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/qzdescriptorConfig.cmake
+              ${PROJECT_BINARY_DIR}/qzdescriptorConfigVersion.cmake DESTINATION ${package_dir})

@@ -1,0 +1,25 @@
+# What every target of ours shares: the language level, the warnings, the sanitizers and hidden symbols.
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+
+add_library(qz_build_options INTERFACE)
+target_compile_features(qz_build_options INTERFACE cxx_std_20)
+target_compile_options(qz_build_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                       $<$<BOOL:${QZ_WARNINGS_AS_ERRORS}>:-Werror>)
+if(QZ_SANITIZE)
+  target_compile_options(qz_build_options INTERFACE -fsanitize=${QZ_SANITIZE} -fno-omit-frame-pointer
+                         -fno-sanitize-recover=all)
+  target_link_options(qz_build_options INTERFACE -fsanitize=${QZ_SANITIZE})
+endif()
+
+# qz_target(NAME): applies the shared options to a target of ours.
+function(qz_target target)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:qz_build_options>)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden
+                        VISIBILITY_INLINES_HIDDEN ON POSITION_INDEPENDENT_CODE ON)
+endfunction()

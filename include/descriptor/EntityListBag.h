@@ -1,0 +1,70 @@
+#pragma once
+
+#include "descriptor/EntityList.h"
+
+#include <memory>
+
+namespace qzDescriptor {
+
+class EntityListBagPrivate;
+
+/// Entity lists by entity type, one list per type: what a session fills when it collects entities.
+///
+/// The map is locked inside every look-up, insertion and removal. A list that was handed out by reference, or
+/// is written by SetListId and SetListEntity, is not: threads that share a bag must not change one list at
+/// the same time.
+class QZDESCRIPTOR_API EntityListBag {
+public:
+    static constexpr unsigned int s_invalidBlockSize = 0xFFFFFFFF;
+
+    /// The lists of a bag one after the other, in the bag's own order.
+    class const_iterator;
+
+    /// blockSize: how many lists one allocation makes room for (0 counts as 1). With s_invalidBlockSize the
+    /// bag is invalid: every operation on it fails at once.
+    explicit EntityListBag(unsigned int blockSize = 1);
+    EntityListBag(EntityListBag const& other);
+    EntityListBag(EntityListBag&& other) noexcept;
+    EntityListBag& operator=(EntityListBag const& other);
+    EntityListBag& operator=(EntityListBag&& other) noexcept;
+    ~EntityListBag();
+
+    /// Puts a copy of the list under its type, in place of the one that was there. False for a list without
+    /// a type.
+    bool SetList(EntityList const& list);
+    /// The list of a type; a shared empty list when there is none. Never adds a type, and what is written
+    /// into the shared list is gone at the next call.
+    EntityList const& GetList(EntityFullType const& type) const;
+    EntityList& GetList(EntityFullType const& type);
+    bool GetList(EntityFullType const& type, EntityList& list) const;
+
+    bool GetListEntity(EntityFullType const& type, unsigned int index, Entity& entity) const;
+    bool GetListId(EntityFullType const& type, unsigned int index, unsigned int& id) const;
+    /// Writes into the list of `type`, which must be there and be of the entity's own type.
+    bool SetListEntity(Entity const& entity, EntityFullType const& type, unsigned int index);
+    bool SetListId(EntityFullType const& type, unsigned int index, unsigned int id);
+    void ReserveList(EntityFullType const& type, unsigned int capacity);
+
+    void GetEntityFullTypeList(qzStlVector<EntityFullType>& types) const;
+    unsigned int GetEntityFullTypeListCount() const;
+    unsigned int GetIdListCount(EntityFullType const& type) const;
+    /// True when there is no list, whatever the lists hold.
+    bool IsEmpty() const;
+    bool IsValid() const;
+
+    /// Adds the other bag's ids, each id once, in the other's order behind the ids that are there.
+    EntityListBag& operator+=(EntityListBag const& other);
+    /// Takes the other bag's ids away from the lists of the same type; what remains keeps its order.
+    EntityListBag& operator-=(EntityListBag const& other);
+
+    const_iterator begin() const;
+    const_iterator end() const;
+
+    /// The same types with equal lists.
+    QZDESCRIPTOR_API friend bool operator==(EntityListBag const& a, EntityListBag const& b);
+
+private:
+    std::unique_ptr<EntityListBagPrivate> m_private;
+};
+
+} // namespace qzDescriptor
