@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <initializer_list>
 #include <iterator>
 #include <random>
 #include <string>
@@ -10,10 +11,11 @@
 /// test shows the seed with SCOPED_TRACE(random.GetSeed()).
 class Random {
 public:
-    Random() {
+    /// The stream tells the random choices of several threads apart.
+    explicit Random(std::uint32_t stream = 0) {
         if (char const* const seed = std::getenv("QZ_TEST_SEED"))
             m_seed = static_cast<std::uint32_t>(std::strtoul(seed, nullptr, 10));
-        m_engine.seed(m_seed);
+        m_engine.seed(m_seed + stream);
     }
 
     std::string GetSeed() const { return "QZ_TEST_SEED=" + std::to_string(m_seed); }
