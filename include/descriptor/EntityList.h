@@ -31,8 +31,8 @@ public:
 
     /// The id at an index; 0 when there is none.
     unsigned int const& operator[](unsigned int index) const;
-    /// The id at an index, which must exist.
-    unsigned int& operator[](unsigned int index) { return m_ids[index]; }
+    /// The place of an id; a place of no list, 0 at every call, when there is none.
+    unsigned int& operator[](unsigned int index) { return index < m_ids.size() ? m_ids[index] : P_NoId(); }
     iterator begin() { return m_ids.begin(); }
     iterator end() { return m_ids.end(); }
     const_iterator begin() const { return m_ids.begin(); }
@@ -55,6 +55,10 @@ public:
     QZDESCRIPTOR_API friend bool operator==(EntityList const& a, EntityList const& b);
 
 private:
+    static unsigned int& P_NoId();
+    bool P_HasTopology() const { return m_type.GetTopologyType() != EntityFullType::TOPOLOGY_NONE; }
+    void P_KeepTopologyInStep();
+
     EntityFullType m_type;
     qzStlVector<unsigned int> m_ids;
     qzStlVector<char> m_topologyIndices;

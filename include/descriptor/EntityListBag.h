@@ -2,7 +2,10 @@
 
 #include "descriptor/EntityList.h"
 
+#include <cstddef>
+#include <iterator>
 #include <memory>
+#include <utility>
 
 namespace qzDescriptor {
 
@@ -65,6 +68,49 @@ public:
 
 private:
     std::unique_ptr<EntityListBagPrivate> m_private;
+};
+
+/// Walks the lists that the bag held when the walk began; lists of types that are added meanwhile are not
+/// met. It must not be used while another thread changes the lists, nor after the bag is assigned to or gone.
+class QZDESCRIPTOR_API EntityListBag::const_iterator {
+public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = EntityList;
+    using difference_type = std::ptrdiff_t;
+    using pointer = EntityList const*;
+    using reference = EntityList const&;
+
+    const_iterator() = default;
+
+    reference operator*() const { return *P_Get(); }
+    pointer operator->() const { return P_Get(); }
+
+    const_iterator& operator++() {
+        ++m_index;
+        return *this;
+    }
+    const_iterator operator++(int) {
+        const_iterator const before = *this;
+        ++*this;
+        return before;
+    }
+
+    friend bool operator==(const_iterator const& a, const_iterator const& b) {
+        return a.P_Get() == b.P_Get();
+    }
+
+private:
+    friend class EntityListBag;
+
+    using Lists = qzStlVector<EntityList const*>;
+
+    explicit const_iterator(std::shared_ptr<Lists const> lists) : m_lists(std::move(lists)) {}
+
+    // Null at the end: the lists are followed by a null.
+    pointer P_Get() const { return m_lists ? (*m_lists)[m_index] : nullptr; }
+
+    std::shared_ptr<Lists const> m_lists;
+    std::size_t m_index = 0;
 };
 
 } // namespace qzDescriptor
