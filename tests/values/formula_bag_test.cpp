@@ -38,7 +38,7 @@ EntityFullType MakeType(unsigned int i) {
     case 0:
         return EntityFullType(i / 4 * 101);
     case 1:
-        return EntityFullType(qzString("T").append(std::to_string(i / 4)));
+        return EntityFullType("T" + std::to_string(i / 4));
     case 2:
         return EntityFullType(7, i / 4);
     default:
