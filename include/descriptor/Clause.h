@@ -48,9 +48,11 @@ public:
     /// about every id, a range only about those between its bounds, a clause of another kind about none.
     bool IsIdWithin(unsigned int id, bool& applicable) const;
 
-    /// "ids(1 2 7)", "range(10 20 5)", "name(\"wing \\\"left\\\"\")", "color(#0A14FF)", "none()".
+    /// ids(1 2 7), range(1 100), range(10 20 5), name("wing \"left\""), color(#0A14FF), color(3) or none().
+    /// Control bytes of a name are written as \x0A.
     qzString GetAsString() const;
-    /// Reads what GetAsString writes; false, changing nothing, for any other text.
+    /// Reads what GetAsString writes, with any blanks between its parts; false, changing nothing, for other
+    /// texts.
     bool SetFromString(qzString const& text);
 
     QZDESCRIPTOR_API friend bool operator==(Clause const& a, Clause const& b);

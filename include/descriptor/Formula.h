@@ -50,6 +50,8 @@ public:
     QZDESCRIPTOR_API friend bool operator==(Formula const& a, Formula const& b);
 
 private:
+    friend class FormulaPrivate;
+
     std::unique_ptr<FormulaPrivate> m_private;
 };
 

@@ -47,9 +47,9 @@ public:
     }
 
 private:
-    // Only the library's own holder of one element may carry the mark.
-    template <class, BasicType, CompoundType>
-    friend class ValuePtrPrivateArray0T;
+    // Only the library's own holders of one element are made of this, and so carry the mark.
+    template <class, class>
+    friend class ElementPointerOf;
 
     ScalarStorage(T const& value, DisplayStatus status) : ValuePtr(status, false), m_value(value) {
         m_scalarTag = static_cast<unsigned char>(s_scalarType<T>);

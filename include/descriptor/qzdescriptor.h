@@ -14,6 +14,7 @@
 #include "descriptor/EntityListBagList.h"
 #include "descriptor/Formula.h"
 #include "descriptor/FormulaBag.h"
+#include "descriptor/FormulaText.h"
 #include "descriptor/Forward.h"
 #include "descriptor/Function.h"
 #include "descriptor/Identifier.h"

@@ -1,11 +1,12 @@
 #pragma once
 
-/// The facts of every value type, each in one row. The order is that of the GetValuePointer families in Value;
-/// the getters and setters of ValuePtr stand in exactly the reverse order.
+/// The facts of every value type, each in one row. The order is that of the GetValuePointer families in
+/// Value; the getters and setters of ValuePtr stand in exactly the reverse order.
 
-// X(Type, Name, Basic, Compound, Strings): Strings says whether an element may carry an associated string.
 // clang-format off
-#define QZ_ELEMENT_TYPES(X) \
+// X(Type, Name, Basic, Compound, Strings): Strings says whether an element may carry an associated string.
+// Numbers, which Value reads and writes inline, and objects, which it does not.
+#define QZ_NUMBER_TYPES(X) \
     X(bool,                Bool,      BT_BOOL,    CT_SCALAR,    true) \
     X(char,                Char,      BT_CHAR,    CT_SCALAR,    true) \
     X(unsigned char,       UChar,     BT_UCHAR,   CT_SCALAR,    true) \
@@ -16,7 +17,8 @@
     X(long,                Long,      BT_LONG,    CT_SCALAR,    false) \
     X(unsigned long,       ULong,     BT_ULONG,   CT_SCALAR,    false) \
     X(float,               Float,     BT_FLOAT,   CT_SCALAR,    true) \
-    X(double,              Double,    BT_DOUBLE,  CT_SCALAR,    true) \
+    X(double,              Double,    BT_DOUBLE,  CT_SCALAR,    true)
+#define QZ_OBJECT_TYPES(X) \
     X(qzString,            String,    BT_STRING,  CT_SCALAR,    true) \
     X(qzTCouple<double>,   Couple,    BT_DOUBLE,  CT_COUPLE,    true) \
     X(qzTCouple<float>,    CoupleF,   BT_FLOAT,   CT_COUPLE,    true) \
@@ -32,6 +34,7 @@
     X(Formula,             Formula,   BT_OBJECT,  CT_FORMULA,   false) \
     X(void*,               Void,      BT_POINTER, CT_SCALAR,    false) \
     X(Function,            Function,  BT_POINTER, CT_FUNCTION,  false)
+#define QZ_ELEMENT_TYPES(X) QZ_NUMBER_TYPES(X) QZ_OBJECT_TYPES(X)
 
 // X(Container, Name, Kind, Element): the containers that hold many elements, and how.
 #define QZ_CONTAINER_TYPES(X) \
