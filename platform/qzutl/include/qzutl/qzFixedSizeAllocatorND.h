@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <mutex>
 #include <new>
 
@@ -87,6 +88,8 @@ private:
 
     static constexpr std::size_t s_slotSize = P_RoundUp(std::max(sizeof(T), sizeof(FreeSlot)));
     static constexpr std::size_t s_headerSize = P_RoundUp(sizeof(Block));
+    static constexpr std::size_t s_largestBlock =
+        (static_cast<std::size_t>(std::numeric_limits<std::ptrdiff_t>::max()) - s_headerSize) / s_slotSize;
 
     void* P_TakeSlot() {
         if (m_unused == m_unusedEnd) {
@@ -112,13 +115,20 @@ private:
         ++m_blockCount;
     }
 
+    // Settings of any kind give a size that memory can be asked for.
     std::size_t P_NextBlockSize() const noexcept {
         std::size_t size = m_settings.firstBlock;
         if (m_blockCount == 1)
             size = m_settings.nextBlock;
         else if (m_blockCount > 1)
-            size = static_cast<std::size_t>(static_cast<double>(m_lastBlockSize) * m_settings.growthFactor);
-        return std::max<std::size_t>(size, 1);
+            size = P_Grow(static_cast<double>(m_lastBlockSize) * m_settings.growthFactor);
+        return std::clamp<std::size_t>(size, 1, s_largestBlock);
+    }
+
+    static constexpr std::size_t P_Grow(double size) noexcept {
+        if (!(size >= 1))
+            return 1;
+        return size < static_cast<double>(s_largestBlock) ? static_cast<std::size_t>(size) : s_largestBlock;
     }
 
     void P_ReleaseBlocks() noexcept {

@@ -2,6 +2,7 @@
 
 #include "qzutl/qzString.h"
 
+#include <utility>
 #include <variant>
 
 /// A tagged value that crosses the borders of the platform libraries: query properties and script arguments.
