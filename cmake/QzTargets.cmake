@@ -17,7 +17,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 if(QZ_SANITIZE)
   target_compile_options(qz_build_options INTERFACE -fsanitize=${QZ_SANITIZE} -fno-omit-frame-pointer
-                         -fno-sanitize-recover=all)
+                         -fno-sanitize-recover=all -Wno-maybe-uninitialized) # false alarms of checked code
   target_link_options(qz_build_options INTERFACE -fsanitize=${QZ_SANITIZE})
 endif()
 
