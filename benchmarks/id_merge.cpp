@@ -172,8 +172,8 @@ void Register(std::string const& who, Case const& each) {
 
 } // namespace
 
-int main(int argc, char** argv) {
-    std::vector<Case> cases;
+int RegisterAll() {
+    static std::vector<Case> cases; // outlives the registered functions
     for (unsigned int const count : {1'000u, 10'000u, 100'000u, 1'000'000u}) {
         cases.push_back(MakeCase("dense", &MakeDense, count));
         cases.push_back(MakeCase("sparse", &MakeSparse, count));
@@ -189,10 +189,7 @@ int main(int argc, char** argv) {
 #endif
         Register<Peer<std::unordered_set<unsigned int>>>("std", each);
     }
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
     return 0;
 }
+
+static int const s_registered = RegisterAll();
