@@ -80,8 +80,13 @@ EntityListBag& EntityListBag::operator=(EntityListBag&&) noexcept = default;
 EntityListBag::~EntityListBag() = default;
 
 EntityListBag& EntityListBag::operator=(EntityListBag const& other) {
-    if (this != &other)
-        *this = EntityListBag(other);
+    if (this == &other)
+        return *this;
+    EntityListBag copy(other);
+    if (!IsValid() || !copy.IsValid())
+        return *this = std::move(copy);
+    std::lock_guard const guard(m_private->mutex); // other threads may be at this body: it stays
+    std::swap(m_private->lists, copy.m_private->lists);
     return *this;
 }
 

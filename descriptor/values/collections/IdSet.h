@@ -14,6 +14,9 @@ namespace qzDescriptor {
 
 using IdSpan = std::span<unsigned int const>;
 
+/// What a core may keep to itself, in bytes.
+constexpr std::size_t s_nearCache = 256 * 1024;
+
 /// Ids of a known range, one bit for each: for ids that lie close together.
 class IdBitmap {
 public:
@@ -50,13 +53,17 @@ private:
     std::vector<std::uint64_t> m_words;
 };
 
-/// Any ids, in one flat table that is sized once and at most half full: an id stands in the first free slot
-/// from its own on. Slots that hold 0 are free; the id 0 itself is kept aside.
+/// Any ids, in one flat table that is sized once: an id stands in the first free slot from its own on. Slots
+/// that hold 0 are free; the id 0 itself is kept aside.
 class IdTable {
 public:
-    explicit IdTable(std::size_t count) : m_slots(GetSlotCount(count)), m_mask(m_slots.size() - 1) {}
+    explicit IdTable(std::size_t idCount) : m_slots(GetSlotCount(idCount)), m_mask(m_slots.size() - 1) {}
 
-    static std::size_t GetSlotCount(std::size_t count) { return std::bit_ceil(2 * count + 2); }
+    /// A power of two. In a roomy table fewer ids meet, as long as it stays in the near cache.
+    static std::size_t GetSlotCount(std::size_t idCount) {
+        std::size_t const roomy = std::bit_ceil(4 * idCount + 2);
+        return roomy * sizeof(std::uint32_t) <= s_nearCache ? roomy : std::bit_ceil(2 * idCount + 2);
+    }
 
     /// Takes in an id; true when it was not there.
     bool Insert(unsigned int id) {
@@ -74,11 +81,12 @@ public:
     void const* GetPlace(unsigned int id) const { return &m_slots[P_GetOwnSlot(id)]; }
 
 private:
-    // Both halves of the product count: the upper one alone puts ids in steps of some numbers into clusters,
-    // the lower one does so for steps of powers of two.
+    // Multiplied twice, with a fold between: after one multiplication ids in steps of some numbers, hundreds
+    // of them harmless to look at, would stand in one long run.
     std::size_t P_GetOwnSlot(unsigned int id) const {
-        std::uint64_t const product = id * std::uint64_t{0x9E3779B97F4A7C15};
-        return static_cast<std::size_t>(product ^ product >> 32) & m_mask;
+        constexpr std::uint64_t scramble = 0x9E3779B97F4A7C15;
+        std::uint64_t const product = id * scramble;
+        return static_cast<std::size_t>((product ^ product >> 32) * scramble >> 32) & m_mask;
     }
 
     // The slot that holds the id, or the free one where it belongs. The first step is arithmetic: whether it
@@ -118,11 +126,11 @@ struct IdRange {
 
 /// The range of all the lists as far as its span stays below the limit.
 inline IdRange FindRange(std::initializer_list<IdSpan> lists, std::uint64_t limit) {
-    constexpr std::size_t s_step = 256;
+    constexpr std::size_t step = 256;
     IdRange range;
     for (IdSpan ids : lists)
-        for (; !ids.empty() && range.GetSpan() < limit; ids = ids.subspan(std::min(s_step, ids.size())))
-            range.Include(ids.first(std::min(s_step, ids.size())));
+        for (; !ids.empty() && range.GetSpan() < limit; ids = ids.subspan(std::min(step, ids.size())))
+            range.Include(ids.first(std::min(step, ids.size())));
     return range;
 }
 
@@ -146,11 +154,10 @@ template <class Set, class Visit>
 void VisitWithSet([[maybe_unused]] Set const& set, IdSpan ids, Visit visit) {
     std::size_t i = 0;
 #if defined(__GNUC__)
-    constexpr std::size_t s_nearCache = 256 * 1024;
-    constexpr std::size_t s_ahead = 16;
+    constexpr std::size_t ahead = 16;
     if (set.GetByteCount() > s_nearCache) {
-        for (; i + s_ahead < ids.size(); ++i) {
-            __builtin_prefetch(set.GetPlace(ids[i + s_ahead]), 1);
+        for (; i + ahead < ids.size(); ++i) {
+            __builtin_prefetch(set.GetPlace(ids[i + ahead]), 1);
             visit(i);
         }
     }
