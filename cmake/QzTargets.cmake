@@ -17,11 +17,19 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 if(QZ_SANITIZE)
   target_compile_options(qz_build_options INTERFACE -fsanitize=${QZ_SANITIZE} -fno-omit-frame-pointer
-                         -fno-sanitize-recover=all)
+                         -fno-sanitize-recover=all -Wno-maybe-uninitialized) # false alarms of checked code
   target_link_options(qz_build_options INTERFACE -fsanitize=${QZ_SANITIZE})
   # Checked code of <regex> looks uninitialised to g++.
   target_compile_options(qz_build_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
+
+# Calls within a shared library of ours go straight to their function and cannot be replaced from outside.
+function(qz_bind_own_calls target)
+  if(NOT WIN32)
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+    target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
+  endif()
+endfunction()
 
 # qz_target(NAME): applies the shared options to a target of ours.
 function(qz_target target)

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <memory>
 #include <type_traits>
@@ -59,6 +61,30 @@ private:
         Node* next = nullptr;
     };
 
+    /// The buckets that hold entries: a walk through them passes over the empty ones without reading them.
+    class BucketMarks {
+    public:
+        void Set(std::size_t bucket) { m_words[bucket / 64] |= std::uint64_t{1} << bucket % 64; }
+        void Reset(std::size_t bucket) { m_words[bucket / 64] &= ~(std::uint64_t{1} << bucket % 64); }
+
+        /// The first marked bucket from the given one on; s_bucketCount when there is none.
+        std::size_t FindFrom(std::size_t bucket) const {
+            for (; bucket < s_bucketCount; bucket = (bucket / 64 + 1) * 64)
+                if (std::uint64_t const marks = m_words[bucket / 64] >> bucket % 64; marks != 0)
+                    return bucket + static_cast<std::size_t>(std::countr_zero(marks));
+            return s_bucketCount;
+        }
+
+        template <class Visit>
+        void ForEach(Visit visit) const {
+            for (std::size_t bucket = FindFrom(0); bucket < s_bucketCount; bucket = FindFrom(bucket + 1))
+                visit(bucket);
+        }
+
+    private:
+        std::array<std::uint64_t, s_bucketCount / 64> m_words{};
+    };
+
     struct Table {
         explicit Table(unsigned int poolBlock) : pool(qzPoolSettings{poolBlock, poolBlock, 1.0}) {}
         Table(Table const&) = delete;
@@ -69,6 +95,7 @@ private:
         void Destroy(Node* node);
 
         std::array<Node*, s_bucketCount> buckets{};
+        BucketMarks occupied;
         qzFixedSizeAllocatorND<Node> pool;
     };
 
@@ -111,7 +138,8 @@ public:
 
     const_iterator& operator++() {
         m_node = m_node->next;
-        P_SkipEmptyBuckets();
+        if (m_node == nullptr)
+            P_EnterBucketFrom(m_bucket + 1);
         return *this;
     }
 
@@ -126,13 +154,11 @@ public:
 private:
     friend class EntityTypeMap;
 
-    explicit const_iterator(Table const& table) : m_table(&table), m_node(table.buckets[0]) {
-        P_SkipEmptyBuckets();
-    }
+    explicit const_iterator(Table const& table) : m_table(&table) { P_EnterBucketFrom(0); }
 
-    void P_SkipEmptyBuckets() {
-        while (m_node == nullptr && ++m_bucket < s_bucketCount)
-            m_node = m_table->buckets[m_bucket];
+    void P_EnterBucketFrom(std::size_t bucket) {
+        m_bucket = m_table->occupied.FindFrom(bucket);
+        m_node = m_bucket < s_bucketCount ? m_table->buckets[m_bucket] : nullptr;
     }
 
     Table const* m_table = nullptr;
@@ -142,9 +168,10 @@ private:
 
 template <class T>
 EntityTypeMap<T>::Table::~Table() {
-    for (Node* node : buckets)
-        while (node != nullptr)
+    occupied.ForEach([&](std::size_t bucket) {
+        for (Node* node = buckets[bucket]; node != nullptr;)
             Destroy(std::exchange(node, node->next));
+    });
 }
 
 template <class T>
@@ -164,13 +191,14 @@ EntityTypeMap<T>::EntityTypeMap(EntityTypeMap const& other, unsigned int poolBlo
     if (other.begin() == other.end())
         return;
     Table& table = P_GetTable();
-    for (std::size_t bucket = 0; bucket < s_bucketCount; ++bucket) {
+    other.m_table->occupied.ForEach([&](std::size_t bucket) {
+        table.occupied.Set(bucket);
         Node** link = &table.buckets[bucket];
         for (Node const* node = other.m_table->buckets[bucket]; node != nullptr; node = node->next) {
             *link = table.Create(Entry(node->entry));
             link = &(*link)->next;
         }
-    }
+    });
 }
 
 template <class T>
@@ -188,10 +216,13 @@ template <class T>
 T& EntityTypeMap<T>::Set(EntityFullType type, T value) {
     Table& table = P_GetTable();
     Node** const link = P_FindLink(table, type);
-    if (*link == nullptr)
+    if (*link == nullptr) {
+        std::size_t const bucket = P_GetBucket(type);
         *link = table.Create(Entry{std::move(type), std::move(value)});
-    else
+        table.occupied.Set(bucket);
+    } else {
         (*link)->entry = Entry{std::move(type), std::move(value)};
+    }
     return (*link)->entry.value;
 }
 
@@ -202,6 +233,8 @@ bool EntityTypeMap<T>::Erase(EntityFullType const& type) {
         return false;
     Node* const node = *link;
     *link = node->next;
+    if (std::size_t const bucket = P_GetBucket(node->entry.type); m_table->buckets[bucket] == nullptr)
+        m_table->occupied.Reset(bucket);
     m_table->Destroy(node);
     return true;
 }

@@ -54,8 +54,7 @@ private:
 /// from its own on. Slots that hold 0 are free; the id 0 itself is kept aside.
 class IdTable {
 public:
-    explicit IdTable(std::size_t count)
-        : m_slots(GetSlotCount(count)), m_shift(64 - std::countr_zero(m_slots.size())) {}
+    explicit IdTable(std::size_t count) : m_slots(GetSlotCount(count)), m_mask(m_slots.size() - 1) {}
 
     static std::size_t GetSlotCount(std::size_t count) { return std::bit_ceil(2 * count + 2); }
 
@@ -63,9 +62,9 @@ public:
     bool Insert(unsigned int id) {
         if (id == 0)
             return !std::exchange(m_holdsZero, true);
-        std::uint32_t& slot = m_slots[P_FindSlot(id)];
-        bool const isNew = slot == 0;
-        slot = id;
+        std::size_t const slot = P_FindSlot(id);
+        bool const isNew = m_slots[slot] == 0;
+        m_slots[slot] = id;
         return isNew;
     }
 
@@ -75,43 +74,68 @@ public:
     void const* GetPlace(unsigned int id) const { return &m_slots[P_GetOwnSlot(id)]; }
 
 private:
-    // Multiplied twice: after one multiplication ids in steps of some numbers would still lie in clusters.
+    // Both halves of the product count: the upper one alone puts ids in steps of some numbers into clusters,
+    // the lower one does so for steps of powers of two.
     std::size_t P_GetOwnSlot(unsigned int id) const {
-        constexpr std::uint64_t s_scramble = 0x9E3779B97F4A7C15;
-        std::uint64_t const product = id * s_scramble;
-        return static_cast<std::size_t>((product ^ product >> 32) * s_scramble >> m_shift);
+        std::uint64_t const product = id * std::uint64_t{0x9E3779B97F4A7C15};
+        return static_cast<std::size_t>(product ^ product >> 32) & m_mask;
     }
 
-    // The slot that holds the id, or the free one where it belongs. The minimum is 0 in both cases: a branch
-    // on each would be mispredicted half of the time in a merge.
+    // The slot that holds the id, or the free one where it belongs. The first step is arithmetic: whether it
+    // is taken cannot be foreseen, and after it most ids have come to their slot.
     std::size_t P_FindSlot(unsigned int id) const {
         std::size_t slot = P_GetOwnSlot(id);
-        while (std::min(m_slots[slot], m_slots[slot] ^ id) != 0)
-            slot = (slot + 1) & (m_slots.size() - 1);
+        slot = (slot + P_IsTaken(slot, id)) & m_mask;
+        while (P_IsTaken(slot, id))
+            slot = (slot + 1) & m_mask;
         return slot;
     }
 
+    // Whether another id stands there. The minimum is 0 for a free slot and for the id's own.
+    bool P_IsTaken(std::size_t slot, unsigned int id) const {
+        return std::min(m_slots[slot], m_slots[slot] ^ id) != 0;
+    }
+
     std::vector<std::uint32_t> m_slots;
-    int m_shift;
+    std::size_t m_mask;
     bool m_holdsZero = false;
 };
 
-/// Calls work with an empty set that takes in any of the listed ids: of the kind that needs less memory.
-template <class Work>
-void WithIdSet(std::initializer_list<IdSpan> lists, Work work) {
+/// The range of the ids that were included.
+struct IdRange {
     unsigned int first = std::numeric_limits<unsigned int>::max();
     unsigned int last = 0;
-    std::size_t count = 0;
-    for (IdSpan const ids : lists) {
+
+    void Include(IdSpan ids) {
         for (unsigned int const id : ids) {
             first = std::min(first, id);
             last = std::max(last, id);
         }
-        count += ids.size();
     }
+    bool IsEmpty() const { return first > last; }
+    unsigned int GetSpan() const { return IsEmpty() ? 0 : last - first; }
+};
+
+/// The range of all the lists as far as its span stays below the limit.
+inline IdRange FindRange(std::initializer_list<IdSpan> lists, std::uint64_t limit) {
+    constexpr std::size_t s_step = 256;
+    IdRange range;
+    for (IdSpan ids : lists)
+        for (; !ids.empty() && range.GetSpan() < limit; ids = ids.subspan(std::min(s_step, ids.size())))
+            range.Include(ids.first(std::min(s_step, ids.size())));
+    return range;
+}
+
+/// Calls work with an empty set that takes in any of the listed ids: of the kind that needs less memory.
+template <class Work>
+void WithIdSet(std::initializer_list<IdSpan> lists, Work work) {
+    std::size_t count = 0;
+    for (IdSpan const ids : lists)
+        count += ids.size();
     std::uint64_t const bitsOfTable = std::uint64_t{32} * IdTable::GetSlotCount(count);
-    if (count != 0 && last - first < bitsOfTable)
-        work(IdBitmap(first, last));
+    IdRange const range = FindRange(lists, bitsOfTable);
+    if (range.GetSpan() < bitsOfTable)
+        work(IdBitmap(range.first, range.last));
     else
         work(IdTable(count));
 }

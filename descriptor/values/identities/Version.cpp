@@ -16,10 +16,11 @@ namespace {
 constexpr std::size_t s_longestMatchedText = 256;
 
 std::regex const& GetExpression() {
-    static std::regex const expression = [] {
-        std::regex compiled;
-        compiled.imbue(std::locale::classic());
-        compiled.assign(R"(^(0|[1-9]\d*)\.(0|[1-9]\d*)\.(0|[1-9]\d*))"
+    // Not destroyed: objects in static storage may still read versions at exit.
+    static auto const& expression = *[] {
+        auto* const compiled = new std::regex;
+        compiled->imbue(std::locale::classic());
+        compiled->assign(R"(^(0|[1-9]\d*)\.(0|[1-9]\d*)\.(0|[1-9]\d*))"
                         R"((?:-((?:0|[1-9]\d*|\d*[a-zA-Z-][0-9a-zA-Z-]*))"
                         R"((?:\.(?:0|[1-9]\d*|\d*[a-zA-Z-][0-9a-zA-Z-]*))*))?)"
                         R"((?:\+([0-9a-zA-Z-]+(?:\.[0-9a-zA-Z-]+)*))?$)");
