@@ -263,6 +263,11 @@ TEST(CallerFormats, WriteWhatPrintfWrites) {
     EXPECT_EQ(TextOf(-1, "%hhd"), "-1");
     EXPECT_EQ(TextOf(4000000000u, "%lld"), "-294967296");
     EXPECT_EQ(TextOf('A', "%c"), "A");
+    EXPECT_EQ(TextOf(static_cast<unsigned char>(200), "%d %%"), "200 %");
+    EXPECT_EQ(TextOf(static_cast<unsigned short>(40000), "%d"), "40000");
+    EXPECT_EQ(TextOf(static_cast<short>(-1), "%x"), "ffffffff");
+    EXPECT_EQ(TextOf(Color(200, 255, 1), "%d,%d,%d"), "200,255,1");
+    EXPECT_EQ(TextOf(65, "%c"), "refused");
     EXPECT_EQ(TextOf(true, "%d %%"), "1 %");
     EXPECT_EQ(TextOf(true, "%6s"), "  true");
     EXPECT_EQ(TextOf(qzString("a\0b", 3), "[%-5.2s]"), qzString("[a\0   ]", 7));
