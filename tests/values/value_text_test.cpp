@@ -180,6 +180,8 @@ TEST(IntegerText, IsScannedFromTheFrontWithinItsRange) {
 TEST(TupleText, IsScannedComponentByComponent) {
     EXPECT_EQ(Read<qzTCouple<double>>("1.5\n -2e3 rest"), "1.5 -2000");
     EXPECT_EQ(Read<qzTCouple<double>>("0x1p3 inf"), "8 inf");
+    for (char const* const text : {"0x-1 2", "-0x-1 2", "0xinf 2", "0xnan 2", "0x+1 2"})
+        EXPECT_EQ(Read<qzTCouple<double>>(text), "refused") << text;
     EXPECT_EQ(Read<qzTCouple<double>>("1.5"), "refused");
     EXPECT_EQ(Read<qzTCouple<double>>("1.5 1e400"), "refused");
     EXPECT_EQ(Read<qzTCouple<double>>("1e 2"), "refused") << "an exponent without digits is no number";
