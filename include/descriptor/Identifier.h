@@ -90,6 +90,8 @@ public:
     Identifier const& GetNamed() const { return m_named; }
     bool IsValid() const { return m_numeric.IsValid() && m_named.IsValid(); }
 
+    friend bool operator==(IdentifierPair const&, IdentifierPair const&) = default;
+
 private:
     Identifier m_numeric;
     Identifier m_named;

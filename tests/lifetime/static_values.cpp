@@ -10,6 +10,17 @@ using namespace qzDescriptor;
 
 namespace {
 
+/// Look-ups that find nothing hand out defaults; what is written into them takes memory.
+void WriteIntoDefaults() {
+    EntityFullType const type(qzString(100, 'x'));
+    EntityListBag lists;
+    lists.GetList(type).SetEntity(Entity(type, 5), 100);
+    FormulaBag formulas;
+    formulas.GetFormula(type) = Formula(type);
+    EntityListBagList bags;
+    bags.Modify(0).SetList(EntityList(type, {1, 2}, {}));
+}
+
 /// Makes, copies and writes values while the program ends, after other statics and the pools are done.
 struct LastWords {
     Value value;
@@ -24,6 +35,7 @@ struct LastWords {
         Value entity;
         entity.SetValue(Entity());
         entity.SetValueFromString("GRID 5");
+        WriteIntoDefaults();
         std::printf("last value: %s\n", text.c_str());
     }
 };
@@ -38,6 +50,7 @@ int main() {
     // Never destroyed before the end: released after everything in this file.
     static std::unique_ptr<Value> const late = std::make_unique<Value>(qzString(100, 'x'));
     s_lastWords.value.SetValue(2.5);
+    WriteIntoDefaults();
     for (Value& value : s_values)
         value = LibraryValue();
     s_more.assign(s_values, s_values + 100);

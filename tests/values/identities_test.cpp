@@ -236,6 +236,9 @@ TEST(IdentifierPair, HoldsBothKeysUnscoped) {
     EXPECT_FALSE(IdentifierPair(0, "T").IsValid());
     EXPECT_FALSE(IdentifierPair().IsValid());
     EXPECT_EQ(IdentifierPair().GetNumeric().GetRow(), s_unset);
+    EXPECT_EQ(pair, IdentifierPair(7, "T"));
+    EXPECT_NE(pair, IdentifierPair(8, "T"));
+    EXPECT_NE(pair, IdentifierPair(7, "t"));
 }
 
 using TypeFields = std::tuple<unsigned int, qzString, unsigned int, qzString>;

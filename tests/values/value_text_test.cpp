@@ -180,6 +180,8 @@ TEST(IntegerText, IsScannedFromTheFrontWithinItsRange) {
 TEST(TupleText, IsScannedComponentByComponent) {
     EXPECT_EQ(Read<qzTCouple<double>>("1.5\n -2e3 rest"), "1.5 -2000");
     EXPECT_EQ(Read<qzTCouple<double>>("0x1p3 inf"), "8 inf");
+    for (char const* const text : {"0x-1 2", "-0x-1 2", "0xinf 2", "0xnan 2", "0x+1 2"})
+        EXPECT_EQ(Read<qzTCouple<double>>(text), "refused") << text;
     EXPECT_EQ(Read<qzTCouple<double>>("1.5"), "refused");
     EXPECT_EQ(Read<qzTCouple<double>>("1.5 1e400"), "refused");
     EXPECT_EQ(Read<qzTCouple<double>>("1e 2"), "refused") << "an exponent without digits is no number";
@@ -263,6 +265,11 @@ TEST(CallerFormats, WriteWhatPrintfWrites) {
     EXPECT_EQ(TextOf(-1, "%hhd"), "-1");
     EXPECT_EQ(TextOf(4000000000u, "%lld"), "-294967296");
     EXPECT_EQ(TextOf('A', "%c"), "A");
+    EXPECT_EQ(TextOf(static_cast<unsigned char>(200), "%d %%"), "200 %");
+    EXPECT_EQ(TextOf(static_cast<unsigned short>(40000), "%d"), "40000");
+    EXPECT_EQ(TextOf(static_cast<short>(-1), "%x"), "ffffffff");
+    EXPECT_EQ(TextOf(Color(200, 255, 1), "%d,%d,%d"), "200,255,1");
+    EXPECT_EQ(TextOf(65, "%c"), "refused");
     EXPECT_EQ(TextOf(true, "%d %%"), "1 %");
     EXPECT_EQ(TextOf(true, "%6s"), "  true");
     EXPECT_EQ(TextOf(qzString("a\0b", 3), "[%-5.2s]"), qzString("[a\0   ]", 7));

@@ -1,6 +1,7 @@
 #include "descriptor/EntityListBag.h"
 
 #include "descriptor/Entity.h"
+#include "values/Absence.h"
 #include "values/collections/EntityTypeMap.h"
 #include "values/collections/IdMerge.h"
 
@@ -103,7 +104,7 @@ bool EntityListBag::SetList(EntityList const& list) {
 }
 
 EntityList const& EntityListBag::GetList(EntityFullType const& type) const {
-    static EntityList const s_absent;
+    static EntityList const& s_absent = *new EntityList; // still there for objects in static storage
     EntityList const* const list = FindList(m_private.get(), type);
     return list != nullptr ? *list : s_absent;
 }
@@ -111,9 +112,7 @@ EntityList const& EntityListBag::GetList(EntityFullType const& type) const {
 EntityList& EntityListBag::GetList(EntityFullType const& type) {
     if (EntityList* const list = FindList(m_private.get(), type))
         return *list;
-    thread_local EntityList s_absent;
-    s_absent = EntityList();
-    return s_absent;
+    return MakeAbsent<EntityList>();
 }
 
 bool EntityListBag::GetList(EntityFullType const& type, EntityList& list) const {

@@ -1,5 +1,7 @@
 #include "descriptor/EntityListBagList.h"
 
+#include "values/Absence.h"
+
 #include <deque>
 #include <map>
 
@@ -74,7 +76,8 @@ bool EntityListBagList::Unregister(unsigned int index) {
 }
 
 EntityListBag const& EntityListBagList::Query(unsigned int index) const {
-    static EntityListBag const s_invalid(EntityListBag::s_invalidBlockSize);
+    // Still there for objects in static storage.
+    static EntityListBag const& s_invalid = *new EntityListBag(EntityListBag::s_invalidBlockSize);
     Slots::Slot const* const slot = Slots::Find(m_slots.get(), index);
     return slot != nullptr ? slot->bag : s_invalid;
 }
@@ -82,9 +85,7 @@ EntityListBag const& EntityListBagList::Query(unsigned int index) const {
 EntityListBag& EntityListBagList::Modify(unsigned int index) {
     if (Slots::Slot* const slot = Slots::Find(m_slots.get(), index))
         return slot->bag;
-    thread_local EntityListBag s_invalid;
-    s_invalid = EntityListBag(EntityListBag::s_invalidBlockSize);
-    return s_invalid;
+    return MakeAbsent<EntityListBag>(EntityListBag::s_invalidBlockSize);
 }
 
 bool EntityListBagList::SetUserFlag(unsigned int index, unsigned int flag) {
@@ -110,8 +111,9 @@ void EntityListBagList::GetRegisteredPairs(qzStlVector<std::pair<unsigned int, q
 }
 
 bool operator==(EntityListBagList const& a, EntityListBagList const& b) {
-    static std::deque<EntityListBagList::Slots::Slot> const s_none;
-    return (a.m_slots ? a.m_slots->all : s_none) == (b.m_slots ? b.m_slots->all : s_none);
+    if (!a.m_slots || !b.m_slots)
+        return (!a.m_slots || a.m_slots->all.empty()) && (!b.m_slots || b.m_slots->all.empty());
+    return a.m_slots->all == b.m_slots->all;
 }
 
 } // namespace qzDescriptor

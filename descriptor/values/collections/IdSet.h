@@ -109,8 +109,8 @@ private:
     bool m_holdsZero = false;
 };
 
-/// The range of the ids that were included.
-struct IdRange {
+/// The extent of the ids that were included.
+struct IdExtent {
     unsigned int first = std::numeric_limits<unsigned int>::max();
     unsigned int last = 0;
 
@@ -124,14 +124,14 @@ struct IdRange {
     unsigned int GetSpan() const { return IsEmpty() ? 0 : last - first; }
 };
 
-/// The range of all the lists as far as its span stays below the limit.
-inline IdRange FindRange(std::initializer_list<IdSpan> lists, std::uint64_t limit) {
+/// The extent of all the lists as far as its span stays below the limit.
+inline IdExtent FindExtent(std::initializer_list<IdSpan> lists, std::uint64_t limit) {
     constexpr std::size_t step = 256;
-    IdRange range;
+    IdExtent extent;
     for (IdSpan ids : lists)
-        for (; !ids.empty() && range.GetSpan() < limit; ids = ids.subspan(std::min(step, ids.size())))
-            range.Include(ids.first(std::min(step, ids.size())));
-    return range;
+        for (; !ids.empty() && extent.GetSpan() < limit; ids = ids.subspan(std::min(step, ids.size())))
+            extent.Include(ids.first(std::min(step, ids.size())));
+    return extent;
 }
 
 /// Calls work with an empty set that takes in any of the listed ids: of the kind that needs less memory.
@@ -141,9 +141,9 @@ void WithIdSet(std::initializer_list<IdSpan> lists, Work work) {
     for (IdSpan const ids : lists)
         count += ids.size();
     std::uint64_t const bitsOfTable = std::uint64_t{32} * IdTable::GetSlotCount(count);
-    IdRange const range = FindRange(lists, bitsOfTable);
-    if (range.GetSpan() < bitsOfTable)
-        work(IdBitmap(range.first, range.last));
+    IdExtent const extent = FindExtent(lists, bitsOfTable);
+    if (extent.GetSpan() < bitsOfTable)
+        work(IdBitmap(extent.first, extent.last));
     else
         work(IdTable(count));
 }

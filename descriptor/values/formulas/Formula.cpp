@@ -63,8 +63,9 @@ void Formula::GetClause(unsigned int i, Clause& clause, EntityFullType& source, 
 }
 
 Clause const& Formula::GetClauseReference(unsigned int i) const {
-    static Clause const ofNoFormula;
-    static Clause const ofNoEntry;
+    // Still there for objects in static storage.
+    static Clause const& ofNoFormula = *new Clause;
+    static Clause const& ofNoEntry = *new Clause;
     if (auto const* const entry = FindEntry(m_private, i))
         return entry->clause;
     return m_private ? ofNoEntry : ofNoFormula;

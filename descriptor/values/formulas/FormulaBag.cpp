@@ -1,6 +1,7 @@
 #include "descriptor/FormulaBag.h"
 
 #include "descriptor/Formula.h"
+#include "values/Absence.h"
 #include "values/collections/EntityTypeMap.h"
 
 #include "qzutl/qzSimpleMutex.h"
@@ -57,7 +58,7 @@ void FormulaBag::SetFormula(Formula const& formula) {
 }
 
 Formula const& FormulaBag::GetFormula(EntityFullType const& type) const {
-    static Formula const absent;
+    static Formula const& absent = *new Formula; // still there for objects in static storage
     Formula const* const found = GetFormulaPointer(type);
     return found != nullptr ? *found : absent;
 }
@@ -65,9 +66,7 @@ Formula const& FormulaBag::GetFormula(EntityFullType const& type) const {
 Formula& FormulaBag::GetFormula(EntityFullType const& type) {
     if (Formula* const found = m_private->Find(type))
         return *found;
-    // Callers can write into it, so no other thread may see it and the next call finds it empty again.
-    thread_local Formula absent;
-    return absent = Formula();
+    return MakeAbsent<Formula>();
 }
 
 bool FormulaBag::GetFormula(EntityFullType const& type, Formula& formula) const {

@@ -13,6 +13,16 @@ namespace {
 
 constexpr std::string_view s_blanks = " \t\n\v\f\r";
 
+int DigitValue(char c) {
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'a' && c <= 'f')
+        return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    return 99;
+}
+
 bool IsHexPrefix(std::string_view text) {
     return text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
 }
@@ -68,8 +78,11 @@ Scan TakeSignedReal(std::string_view& text, T& value) {
     if (!rest.empty() && (rest[0] == '+' || rest[0] == '-'))
         return Scan::NoMatch;
     bool const hex = IsHexPrefix(rest);
-    if (hex)
+    if (hex) {
         rest.remove_prefix(2);
+        if (DigitValue(rest[0]) >= 16 && rest[0] != '.')
+            return Scan::NoMatch; // from_chars would take a sign or a word here
+    }
     T magnitude{};
     Scan const result =
         TakeUnsignedReal(rest, hex ? std::chars_format::hex : std::chars_format::general, magnitude);
@@ -92,16 +105,6 @@ bool ReadWhole(std::string_view text, T& value) {
         return false;
     value = read;
     return true;
-}
-
-int DigitValue(char c) {
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return 99;
 }
 
 // Takes the prefix that names the base, and gives the base of what follows.

@@ -102,8 +102,8 @@ struct ArgumentWriter {
                                  SignExtended(value.bits & mask, value.bytes));
         if (IsOneOf(conversion.letter, "ouxX"))
             return AppendPrinted(out, conversion.Specification("ll"), value.bits & mask);
-        if (conversion.letter == 'c' && value.bytes == 1) {
-            char const character = static_cast<char>(value.bits & mask);
+        if (conversion.letter == 'c' && value.isCharacter) {
+            auto const character = static_cast<char>(value.bits);
             AppendPadded(out, conversion, {&character, 1});
             return true;
         }

@@ -8,14 +8,17 @@
 
 namespace qzDescriptor {
 
-/// An integer to be written, with its width, which decides how a negative number looks in hexadecimal.
+/// An integer to be written, promoted as printf's arguments are: what is narrower than an int is written as
+/// an int. The width decides how a negative number looks in hexadecimal.
 struct FormatInteger {
     unsigned long long bits = 0; ///< sign-extended
     int bytes = 0;
+    bool isCharacter = false; ///< as wide as one, and so may be written by "%c"
 
     template <class T>
     static FormatInteger Of(T value) {
-        return {static_cast<unsigned long long>(static_cast<long long>(value)), static_cast<int>(sizeof(T))};
+        return {static_cast<unsigned long long>(static_cast<long long>(value)),
+                static_cast<int>(sizeof(+value)), sizeof(T) == 1};
     }
 };
 
