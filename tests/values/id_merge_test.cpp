@@ -111,10 +111,11 @@ TEST(EntityListBag, RemovesOnlyFromTypesThatBothHoldAndKeepsEmptiedLists) {
 TEST(EntityListBag, MergesWithItself) {
     EntityListBag bag = MakeBag(EntityList(s_face, {3, 1, 3}, {'a', 'b', 'c'}));
     EntityListBag const before = bag;
-    bag += bag;
+    EntityListBag& same = bag;
+    bag += same;
     EXPECT_EQ(bag, before);
     EXPECT_THAT(bag.GetList(s_face).GetTopologyIndexList(), ElementsAre('a', 'b', 'c'));
-    bag -= bag;
+    bag -= same;
     EXPECT_EQ(bag.GetEntityFullTypeListCount(), 1U);
     EXPECT_THAT(bag.GetList(s_face).GetList(), IsEmpty());
     EXPECT_THAT(bag.GetList(s_face).GetTopologyIndexList(), IsEmpty());
