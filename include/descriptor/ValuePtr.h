@@ -249,7 +249,7 @@ public:
     virtual void const* GetMemoryLocation(unsigned int i, unsigned int j) const;
     virtual void* GetMemoryLocation(unsigned int i, unsigned int j);
 
-    virtual ~ValuePtr();
+    virtual ~ValuePtr() = default;
 
     /// The text kept beside an element; false, leaving the argument as it was, when the holder keeps none.
     virtual bool GetAssociatedString(qzString& text) const;

@@ -259,6 +259,16 @@ TEST(FormulaBag, IsSharedByThreadsThatWorkOnTwoBagsInEitherOrder) {
             EXPECT_TRUE(IsUniform(bag.GetFormula(type), type));
 }
 
+TEST(FormulaBag, IsComparedByThreadsInEitherOrder) {
+    FormulaBag bags[2]; // empty: the locks are all that takes time
+    std::atomic<unsigned int> unequal = 0;
+    RunThreads([&](unsigned int thread) {
+        for (unsigned int step = 0; step < 200000; ++step)
+            unequal += !(bags[thread % 2] == bags[1 - thread % 2]);
+    });
+    EXPECT_EQ(unequal, 0U);
+}
+
 TEST(FormulaBag, ShowsEveryThreadEitherTheOldFormulaOrTheNewOne) {
     FormulaBag bag;
     for (unsigned int i = 0; i < s_sharedTypes; ++i)

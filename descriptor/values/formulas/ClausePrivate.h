@@ -33,14 +33,15 @@ private:
 };
 
 /// The condition of a clause that is not empty; the alternatives stand in the order of Clause::Kind.
-struct ClausePrivate {
-    std::variant<IdRange, IdList, qzString, Color> condition;
-
+class ClausePrivate {
+public:
     Clause::Kind GetKind() const {
         return static_cast<Clause::Kind>(Clause::KIND_ID_RANGE + static_cast<int>(condition.index()));
     }
 
     friend bool operator==(ClausePrivate const&, ClausePrivate const&) = default;
+
+    std::variant<IdRange, IdList, qzString, Color> condition;
 };
 
 } // namespace qzDescriptor

@@ -3,7 +3,6 @@
 #include "descriptor/Function.h"
 #include "values/formulas/ClauseText.h"
 #include "values/formulas/FormulaPrivate.h"
-#include "values/formulas/FormulaReader.h"
 #include "values/formulas/TextTokens.h"
 
 #include <utility>
@@ -81,8 +80,6 @@ bool ReadEntry(TextReader& reader, FormulaPrivate& body, bool addition) {
     return true;
 }
 
-} // namespace
-
 bool ReadFormula(TextReader& reader, Formula& formula) {
     if (ReadAbsence(reader)) {
         formula = Formula();
@@ -102,6 +99,8 @@ bool ReadFormula(TextReader& reader, Formula& formula) {
     FormulaPrivate::Of(formula) = std::move(body);
     return true;
 }
+
+} // namespace
 
 qzString GetAsString(Formula const& formula) {
     FormulaPrivate const* const body = FormulaPrivate::Of(formula);

@@ -21,7 +21,7 @@ public:
 
     static void Release(void* memory, std::size_t size) noexcept {
         if (size != sizeof(Holder))
-            ::operator delete(memory, size);
+            ::operator delete(memory);
         else
             s_pool.Get().Release(memory);
     }

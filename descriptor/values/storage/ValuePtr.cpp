@@ -19,8 +19,6 @@ ValuePtr& ValuePtr::operator=(ValuePtr const& other) {
     return *this;
 }
 
-ValuePtr::~ValuePtr() = default;
-
 ValuePtr* ValuePtr::Clone() const { return nullptr; }
 BasicType ValuePtr::GetBasicType() const { return BT_NONE; }
 CompoundType ValuePtr::GetCompoundType() const { return CT_NONE; }

@@ -105,7 +105,7 @@ private:
         return slot;
     }
 
-    void P_AddBlock() {
+    [[gnu::noinline, gnu::cold]] void P_AddBlock() {
         std::size_t const count = P_NextBlockSize();
         char* const memory = Backing::Allocate(s_headerSize + count * s_slotSize);
         m_blocks = ::new (static_cast<void*>(memory)) Block{m_blocks};
@@ -131,7 +131,7 @@ private:
         return size < static_cast<double>(s_largestBlock) ? static_cast<std::size_t>(size) : s_largestBlock;
     }
 
-    void P_ReleaseBlocks() noexcept {
+    [[gnu::noinline, gnu::cold]] void P_ReleaseBlocks() noexcept {
         while (m_blocks != nullptr) {
             Block* const block = m_blocks;
             m_blocks = block->previous;

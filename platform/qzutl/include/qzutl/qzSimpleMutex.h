@@ -12,7 +12,7 @@ public:
     qzSimpleMutex& operator=(qzSimpleMutex const&) = delete;
 
     void lock() noexcept {
-        if (!try_lock())
+        if (!try_lock()) [[unlikely]]
             P_LockContended();
     }
 
@@ -23,7 +23,7 @@ public:
 private:
     // Spinning reads only, so that waiters do not steal the cache line from the owner; a waiter that has spun
     // for long gives up its time slice, so that more threads than cores still make progress.
-    void P_LockContended() noexcept {
+    [[gnu::noinline, gnu::cold]] void P_LockContended() noexcept {
         for (int spins = 0; !try_lock();) {
             while (m_locked.load(std::memory_order_relaxed)) {
                 if (++spins < s_spinsBeforeYield)

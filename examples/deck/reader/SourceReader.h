@@ -1,0 +1,55 @@
+#pragma once
+
+/// Reads a deck's files: finds the bulk section, follows INCLUDE statements and tells the formats of lines.
+
+#include "reader/FreeLineCutter.h"
+#include "reader/Report.h"
+#include "reader/Source.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <unordered_set>
+
+namespace qzDeck {
+
+/// Far beyond what people write: generated mistakes must end.
+inline constexpr std::size_t s_maximalIncludeDepth = 1000;
+inline constexpr std::size_t s_maximalIncludeCount = 100000;
+
+class SourceReader {
+public:
+    /// Nothing when the main file cannot be read. Everything else is reported and read over.
+    static std::optional<Source> Read(std::string const& path, Reports& reports);
+
+private:
+    /// A file that is being read.
+    struct OpenFile {
+        std::uint32_t index;
+        std::string_view rest;
+        std::uint32_t lineNumber; // of the last line taken
+        std::string identity;
+    };
+
+    explicit SourceReader(Reports& reports) : m_reports(reports) {}
+
+    bool P_Open(std::filesystem::path const& path);
+    void P_SkipHeader();
+    void P_ReadLines();
+    bool P_IsEnd(std::string_view text) const;
+    void P_ReadLine(std::string_view text);
+    void P_Include(std::string_view path);
+    void P_AddFieldLine(std::string_view text);
+    void P_AddLine(LineFormat format, std::string_view text);
+    void P_CheckName(Line const& line) const;
+    std::string_view P_WithoutTabs(std::string_view text);
+    LineReporter P_Report() const;
+
+    Reports& m_reports;
+    Source m_source;
+    std::vector<OpenFile> m_open; // the innermost last
+    std::unordered_set<std::string> m_openIdentities;
+    FreeLineCutter m_freeLines;
+};
+
+} // namespace qzDeck

@@ -1,0 +1,82 @@
+#include "deck/DeckFolder.h"
+
+#include <array>
+#include <atomic>
+#include <charconv>
+#include <cstdlib>
+#include <fstream>
+#include <random>
+
+namespace fs = std::filesystem;
+using qzDescriptor::Value;
+
+DeckFolder::DeckFolder() {
+    static std::atomic<unsigned> s_count{0};
+    std::random_device random;
+    std::string const name = "qzdeck_test_" + std::to_string(random()) + "_" + std::to_string(s_count++);
+    m_path = fs::temp_directory_path() / name;
+    fs::create_directories(m_path);
+}
+
+DeckFolder::~DeckFolder() {
+    std::error_code ignored;
+    fs::remove_all(m_path, ignored);
+}
+
+std::string DeckFolder::Write(std::string const& name, std::string_view text) const {
+    fs::path const path = m_path / name;
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary).write(text.data(), static_cast<std::streamsize>(text.size()));
+    return path.string();
+}
+
+qzDeck::Model DeckFolder::Read(std::string_view text) const {
+    return qzDeck::Model::Read(Write("deck.bdf", text)).value();
+}
+
+std::string OwnDeck(std::string const& name) { return std::string(QZ_OWN_DECKS) + "/" + name; }
+
+namespace {
+
+std::string TextOf(Value const& value) {
+    if (value.GetBasicType() == qzDescriptor::BT_NONE)
+        return "_";
+    qzString mark;
+    value.GetAssociatedString(mark);
+    if (int integer = 0; value.GetValue(integer))
+        return mark + std::to_string(integer);
+    if (double real = 0.0; value.GetValue(real)) {
+        std::array<char, 32> digits{};
+        std::string text(digits.data(),
+                         std::to_chars(digits.data(), digits.data() + digits.size(), real).ptr);
+        return mark + (text.find_first_of(".e") == std::string::npos ? text + ".0" : text);
+    }
+    qzString text;
+    return value.GetValue(text) ? mark.append(1, '\'').append(text).append(1, '\'') : "?";
+}
+
+} // namespace
+
+std::string TextOf(qzDeck::Card const& card) {
+    std::string text = card.Name();
+    for (Value const& value : card.Values())
+        text += " " + TextOf(value);
+    return text;
+}
+
+std::string TextOf(qzDeck::Model const& model) {
+    std::string text;
+    for (qzDeck::Card const& card : model.Cards())
+        text += TextOf(card) + "\n";
+    return text;
+}
+
+std::string ReportsOf(qzDeck::Model const& model) {
+    std::string text;
+    for (qzDeck::Report const& report : model.GetReports()) {
+        std::string const whole = Describe(report, model.GetSource());
+        std::size_t const path = model.GetSource().Files()[report.file].path.size();
+        text += whole.substr(path + 1) + "\n";
+    }
+    return text;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "model/Model.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+/// A folder of decks for one test, removed behind it.
+class DeckFolder {
+public:
+    DeckFolder();
+    ~DeckFolder();
+    DeckFolder(DeckFolder const&) = delete;
+    DeckFolder& operator=(DeckFolder const&) = delete;
+
+    std::filesystem::path const& Path() const { return m_path; }
+    /// Writes a file with exactly these bytes and returns its path.
+    std::string Write(std::string const& name, std::string_view text) const;
+    /// The model of a deck with this text.
+    qzDeck::Model Read(std::string_view text) const;
+
+private:
+    std::filesystem::path m_path;
+};
+
+/// A deck of the repository.
+std::string OwnDeck(std::string const& name);
+
+/// One line for a card: `GRID 1 _ 0.5 'A'` is an integer, a blank, a real and a text; `bad'1..2'` is a text
+/// with the mark of its kind.
+std::string TextOf(qzDeck::Card const& card);
+/// The lines of all cards.
+std::string TextOf(qzDeck::Model const& model);
+
+/// The reports without the path: `7: a blank inside a number: '1. 5'`, one a line.
+std::string ReportsOf(qzDeck::Model const& model);

@@ -1,0 +1,72 @@
+#include "deck/DeckFolder.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#if __has_include(<sys/wait.h>)
+#    include <sys/wait.h>
+#endif
+
+namespace {
+
+struct Outcome {
+    int status;
+    std::string output;
+    std::string errors;
+};
+
+std::string ReadFile(std::filesystem::path const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+Outcome Call(DeckFolder const& folder, std::string const& arguments) {
+    auto const output = folder.Path() / "output";
+    auto const errors = folder.Path() / "errors";
+    std::string const command = "\"" QZ_DECK_COMMAND "\" " + arguments + " > \"" + output.string() +
+                                "\" 2> \"" + errors.string() + "\"";
+    int status = std::system(command.c_str());
+#ifdef WEXITSTATUS
+    status = WEXITSTATUS(status);
+#endif
+    return {status, ReadFile(output), ReadFile(errors)};
+}
+
+TEST(Command, ReportsDoNotMakeADeckUnreadable) {
+    DeckFolder const folder;
+    std::string const deck = folder.Write("deck.bdf", "GRID,1..\n");
+    Outcome const facts = Call(folder, "facts \"" + deck + "\"");
+    EXPECT_EQ(facts.status, 0);
+    EXPECT_EQ(facts.errors, deck + ":1: neither a number nor a text: '1..'\n");
+    EXPECT_EQ(nlohmann::json::parse(facts.output)["unparsable_fields_count"], 1);
+}
+
+TEST(Command, AWrongCallIsStatusTwo) {
+    DeckFolder const folder;
+    std::string const deck = folder.Write("deck.bdf", "GRID,1\n");
+    for (std::string const& arguments :
+         {std::string(), std::string("facts"), "facts \"" + deck + "\" more", "count \"" + deck + "\"",
+          "facts --fast \"" + deck + "\"", "facts \"" + deck + ".none\"",
+          "show \"" + folder.Path().string() + "\""}) {
+        Outcome const outcome = Call(folder, arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments;
+        EXPECT_EQ(outcome.output, "") << arguments;
+        EXPECT_NE(outcome.errors, "") << arguments;
+    }
+    EXPECT_EQ(Call(folder, "--help").status, 0);
+}
+
+TEST(Command, ShowTellsWhatTheFootbridgeIs) {
+    DeckFolder const folder;
+    Outcome const shown = Call(folder, "show \"" + OwnDeck("footbridge.bdf") + "\"");
+    EXPECT_EQ(shown.status, 0);
+    EXPECT_EQ(shown.errors, "");
+    EXPECT_EQ(shown.output.substr(0, shown.output.find('\n')), "Footbridge over the mill race");
+    for (char const* line : {"Cards: 82 of 17 kinds\n", "  GRID           21  first field 101 to 307\n",
+                             "  X1  0 to 12535.9\n", "does not hold: none\n", "wrong in the text: none\n"})
+        EXPECT_NE(shown.output.find(line), std::string::npos) << line << shown.output;
+}
+
+} // namespace

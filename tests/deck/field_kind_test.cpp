@@ -1,0 +1,179 @@
+#include "reader/field_kind.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+#include <regex>
+#include <string>
+
+namespace {
+
+using namespace qzDeck;
+
+constexpr double s_infinity = std::numeric_limits<double>::infinity();
+
+TEST(FieldKind, EveryFormOfARealIsRead) {
+    struct Case {
+        char const* text;
+        double value;
+    };
+    for (auto const& [text, value] : {Case{"7.0", 7.0},
+                                      {"7.", 7.0},
+                                      {".7E1", 7.0},
+                                      {"0.7+1", 7.0},
+                                      {"70.-1", 7.0},
+                                      {"7.E+0", 7.0},
+                                      {"7.+0", 7.0},
+                                      {".7D1", 7.0},
+                                      {".7d+1", 7.0},
+                                      {"+7.e0", 7.0},
+                                      {"1.5-3", 1.5e-3},
+                                      {"7.+4", 7e4},
+                                      {".25-3", 2.5e-4},
+                                      {"-1.1-15", -1.1e-15},
+                                      {"1.+11", 1e11},
+                                      {"43.90000", 43.9},
+                                      {"-.0", -0.0},
+                                      {"000000000000000000000000001.5", 1.5},
+                                      {"0.1000000000000000055511151231257827021181583404541015625", 0.1},
+                                      {"4.9D-324", std::numeric_limits<double>::denorm_min()}}) {
+        EXPECT_EQ(Classify(text), FieldKind::Real) << text;
+        EXPECT_EQ(ReadReal(text), value) << text;
+        EXPECT_EQ(std::signbit(ReadReal(text)), std::signbit(value)) << text;
+    }
+}
+
+TEST(FieldKind, RealsOutOfRangeBecomeInfiniteOrZero) {
+    struct Case {
+        std::string text;
+        double value;
+    };
+    std::string const zeros(400, '0');
+    for (auto const& [text, value] : {Case{"1.+400", s_infinity},
+                                      {"-1.+400", -s_infinity},
+                                      {"1.-400", 0.0},
+                                      {"1.E99999999999999999999", s_infinity},
+                                      {"1.E-99999999999999999999", 0.0},
+                                      {"0.E99999999999999999999", 0.0},
+                                      {"1" + zeros + ".", s_infinity},
+                                      {"1" + zeros + ".-400", 1.0},
+                                      {"." + zeros + "1", 0.0},
+                                      {"." + zeros + "1+401", 1.0},
+                                      {"." + zeros + "1+99999", s_infinity}}) {
+        EXPECT_EQ(Classify(text), FieldKind::Real) << text;
+        EXPECT_EQ(ReadReal(text), value) << text;
+    }
+}
+
+TEST(FieldKind, WhatLooksLikeANumberIsToldFromOne) {
+    struct Case {
+        char const* text;
+        FieldKind kind;
+    };
+    for (auto const& [text, kind] : {Case{"", FieldKind::Blank},
+                                     {"12", FieldKind::Integer},
+                                     {"-12", FieldKind::Integer},
+                                     {"+00", FieldKind::Integer},
+                                     {"99999999999999999999", FieldKind::Integer},
+                                     {"1e5", FieldKind::RealWithoutPoint},
+                                     {"-1D-5", FieldKind::RealWithoutPoint},
+                                     {"1-5", FieldKind::Unreadable},
+                                     {"0.75E 01", FieldKind::GappedExponent},
+                                     {"0.75D   1", FieldKind::GappedExponent},
+                                     {"0.75E +1", FieldKind::Unreadable},
+                                     {"75E 01", FieldKind::Unreadable},
+                                     {"2.1  E5", FieldKind::Unreadable},
+                                     {"1 2", FieldKind::Unreadable},
+                                     {".", FieldKind::Unreadable},
+                                     {"+", FieldKind::Unreadable},
+                                     {"-.", FieldKind::Unreadable},
+                                     {".E5", FieldKind::Unreadable},
+                                     {"1.E", FieldKind::Unreadable},
+                                     {"1.+", FieldKind::Unreadable},
+                                     {"1.2.3", FieldKind::Unreadable},
+                                     {"1.E5.", FieldKind::Unreadable},
+                                     {"--1", FieldKind::Unreadable},
+                                     {"1,5", FieldKind::Unreadable},
+                                     {"0x10", FieldKind::Unreadable},
+                                     {"NaN", FieldKind::Text},
+                                     {"Inf", FieldKind::Text},
+                                     {"E5", FieldKind::Text},
+                                     {"THRU", FieldKind::Text},
+                                     {"a_b./-9", FieldKind::Text},
+                                     {"_A", FieldKind::Unreadable},
+                                     {"A+B", FieldKind::Unreadable},
+                                     {"A B", FieldKind::Unreadable},
+                                     {"M\xE9", FieldKind::Unreadable}})
+        EXPECT_EQ(Classify(text), kind) << text;
+}
+
+TEST(FieldKind, IntegersOf32BitsAreRead) {
+    EXPECT_EQ(ReadInteger("2147483647"), 2147483647);
+    EXPECT_EQ(ReadInteger("-2147483648"), -2147483647 - 1);
+    EXPECT_EQ(ReadInteger("+0000000000000007"), 7);
+    EXPECT_EQ(ReadInteger("2147483648"), std::nullopt);
+    EXPECT_EQ(ReadInteger("-99999999999999999999"), std::nullopt);
+}
+
+TEST(FieldKind, NamesOfKindsCanBeReadBack) {
+    for (FieldKind kind : {FieldKind::Blank, FieldKind::Integer, FieldKind::Real, FieldKind::RealWithoutPoint,
+                           FieldKind::GappedExponent, FieldKind::Text, FieldKind::Unreadable})
+        EXPECT_EQ(KindNamed(NameOf(kind)), kind);
+    EXPECT_EQ(NameOf(FieldKind::RealWithoutPoint), "real_nodot");
+    EXPECT_EQ(NameOf(FieldKind::GappedExponent), "bad_gap_exponent");
+    EXPECT_EQ(KindNamed("integer"), std::nullopt);
+}
+
+/// The grammar once more, as regular expressions.
+FieldKind ClassifyByExpression(std::string const& text) {
+    static std::regex const s_integer("[+-]?[0-9]+");
+    static std::regex const s_real("[+-]?([0-9]+[.][0-9]*|[.][0-9]+)([eEdD][+-]?[0-9]+|[+-][0-9]+)?");
+    static std::regex const s_withoutPoint("[+-]?[0-9]+[eEdD][+-]?[0-9]+");
+    static std::regex const s_gapped("[+-]?([0-9]+[.][0-9]*|[.][0-9]+)[eEdD] +[0-9]+");
+    static std::regex const s_text("[A-Za-z][A-Za-z0-9_./-]*");
+    if (text.empty())
+        return FieldKind::Blank;
+    for (auto const& [expression, kind] :
+         {std::pair(&s_integer, FieldKind::Integer), std::pair(&s_real, FieldKind::Real),
+          std::pair(&s_withoutPoint, FieldKind::RealWithoutPoint),
+          std::pair(&s_gapped, FieldKind::GappedExponent), std::pair(&s_text, FieldKind::Text)}) {
+        if (std::regex_match(text, *expression))
+            return kind;
+    }
+    return FieldKind::Unreadable;
+}
+
+/// The value by the C library, whose notation has an E.
+double ReadByCLibrary(std::string text) {
+    std::erase(text, ' ');
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        bool const followsDigit = std::string_view("0123456789.").find(text[i - 1]) != std::string_view::npos;
+        if (text[i] == 'd' || text[i] == 'D')
+            text[i] = 'E';
+        else if ((text[i] == '+' || text[i] == '-') && followsDigit)
+            text.insert(i++, 1, 'E');
+    }
+    return std::strtod(text.c_str(), nullptr);
+}
+
+TEST(FieldKind, RandomTextsAgreeWithTheGrammarAndTheCLibrary) {
+    std::mt19937 random(20240501);
+    constexpr std::string_view alphabet = "0123456789..++--eEdD A_/";
+    std::size_t numbers = 0;
+    for (int i = 0; i < 60000; ++i) {
+        std::string text;
+        for (auto length = random() % 10; length > 0; --length)
+            text += alphabet[random() % alphabet.size()];
+        FieldKind const kind = ClassifyByExpression(text);
+        ASSERT_EQ(Classify(text), kind) << text;
+        if (!IsReal(kind) && kind != FieldKind::Integer)
+            continue;
+        ++numbers;
+        ASSERT_EQ(ReadReal(text), ReadByCLibrary(text)) << text;
+    }
+    EXPECT_GT(numbers, 1000U);
+}
+
+} // namespace
