@@ -14,9 +14,8 @@ class EntityListBagPrivate;
 /// Entity lists by entity type, one list per type: what a session fills when it collects entities.
 ///
 /// The map is locked inside every look-up, insertion and removal, and while the bag is copied, assigned to,
-/// merged or compared. A list that was handed out by reference, or
-/// is written by SetListId and SetListEntity, is not: threads that share a bag must not change one list at
-/// the same time.
+/// merged or compared. A list that was handed out by reference, or is written by SetListId and SetListEntity,
+/// is not: threads that share a bag must not change one list at the same time.
 class QZDESCRIPTOR_API EntityListBag {
 public:
     static constexpr unsigned int s_invalidBlockSize = 0xFFFFFFFF;
