@@ -13,9 +13,9 @@ class EntityListBagPrivate;
 
 /// Entity lists by entity type, one list per type: what a session fills when it collects entities.
 ///
-/// The map is locked inside every look-up, insertion and removal. A list that was handed out by reference, or
-/// is written by SetListId and SetListEntity, is not: threads that share a bag must not change one list at
-/// the same time.
+/// The map is locked inside every look-up, insertion and removal, and while the bag is copied, assigned to,
+/// merged or compared. A list that was handed out by reference, or is written by SetListId and SetListEntity,
+/// is not: threads that share a bag must not change one list at the same time.
 class QZDESCRIPTOR_API EntityListBag {
 public:
     static constexpr unsigned int s_invalidBlockSize = 0xFFFFFFFF;
@@ -46,6 +46,7 @@ public:
     /// Writes into the list of `type`, which must be there and be of the entity's own type.
     bool SetListEntity(Entity const& entity, EntityFullType const& type, unsigned int index);
     bool SetListId(EntityFullType const& type, unsigned int index, unsigned int id);
+    /// Makes room in the list of `type`, if it is there.
     void ReserveList(EntityFullType const& type, unsigned int capacity);
 
     void GetEntityFullTypeList(qzStlVector<EntityFullType>& types) const;
@@ -55,7 +56,8 @@ public:
     bool IsEmpty() const;
     bool IsValid() const;
 
-    /// Adds the other bag's ids, each id once, in the other's order behind the ids that are there.
+    /// Adds the other bag's ids that the list of their type does not hold, each once and in the other's
+    /// order, behind the ids that are there; a list of a type that is not there is taken over whole.
     EntityListBag& operator+=(EntityListBag const& other);
     /// Takes the other bag's ids away from the lists of the same type; what remains keeps its order.
     EntityListBag& operator-=(EntityListBag const& other);
@@ -90,7 +92,7 @@ public:
         return *this;
     }
     const_iterator operator++(int) {
-        const_iterator const before = *this;
+        const_iterator before = *this;
         ++*this;
         return before;
     }

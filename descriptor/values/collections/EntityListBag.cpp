@@ -96,10 +96,10 @@ bool EntityListBag::IsValid() const { return IsValidBody(m_private.get()); }
 bool EntityListBag::SetList(EntityList const& list) {
     if (!IsValid() || !list.GetEntityFullType().IsValid())
         return false;
-    EntityFullType const type = list.GetEntityFullType();
+    EntityFullType type = list.GetEntityFullType();
     EntityList copy(list);
     std::lock_guard const guard(m_private->mutex);
-    m_private->lists.Set(type, std::move(copy));
+    m_private->lists.Set(std::move(type), std::move(copy));
     return true;
 }
 

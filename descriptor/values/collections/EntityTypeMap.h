@@ -36,7 +36,10 @@ public:
     EntityTypeMap(EntityTypeMap const& other) : EntityTypeMap(other, other.m_poolBlock) {}
     EntityTypeMap(EntityTypeMap const& other, unsigned int poolBlock);
     EntityTypeMap(EntityTypeMap&&) noexcept = default;
-    EntityTypeMap& operator=(EntityTypeMap const& other) { return *this = EntityTypeMap(other, m_poolBlock); }
+    EntityTypeMap& operator=(EntityTypeMap const& other) {
+        *this = EntityTypeMap(other, m_poolBlock);
+        return *this;
+    }
     EntityTypeMap& operator=(EntityTypeMap&&) noexcept = default;
 
     unsigned int GetCount() const;

@@ -15,7 +15,7 @@ namespace qzDescriptor {
 using IdSpan = std::span<unsigned int const>;
 
 /// What a core may keep to itself, in bytes.
-constexpr std::size_t s_nearCache = 256 * 1024;
+constexpr std::size_t s_nearCache = std::size_t{256} * 1024;
 
 /// Ids of a known range, one bit for each: for ids that lie close together.
 class IdBitmap {
