@@ -36,6 +36,8 @@ public:
 
 private:
     using Identifier::operator=;
+    using Identifier::SetNameKey;
+    using Identifier::SetNumericKey;
 
     EntityFullType m_type;
     unsigned int m_solverIdPool = 0;

@@ -3,6 +3,8 @@
 #include "descriptor/ScalarStorage.h"
 #include "descriptor/ValuePtr.h"
 
+#include <type_traits>
+
 namespace qzDescriptor {
 
 /// One typed datum: a scalar, tuple, matrix, color, entity, qualifier, formula or function, or a list, bag or
@@ -57,8 +59,14 @@ public:
                    DisplayStatus status = DS_DEFAULT);
     explicit Value(Entity const& value, qzString const& associatedString = qzString(),
                    DisplayStatus status = DS_DEFAULT);
-    /// A text literal is no number and no bool: say qzString.
-    explicit Value(char const* value, qzString const& associatedString = qzString(),
+    /// Nothing is converted on the way in: a text literal is no bool (say qzString), and neither is a
+    /// pointer.
+    template <class T>
+    requires(!std::is_convertible_v<T*, ValuePtr*>) explicit Value(
+        T* value, qzString const& associatedString = qzString(), DisplayStatus status = DS_DEFAULT) = delete;
+    explicit Value(short value, qzString const& associatedString = qzString(),
+                   DisplayStatus status = DS_DEFAULT) = delete;
+    explicit Value(unsigned short value, qzString const& associatedString = qzString(),
                    DisplayStatus status = DS_DEFAULT) = delete;
 
     /// Takes the holder over; null makes an empty value.
@@ -74,12 +82,13 @@ public:
           DisplayStatus status, QZDT_DBHandle const& database);
 
     Value(Value const& other);
-    /// Takes the other's holder; one that is externally managed is cloned instead.
-    Value(Value&& other);
+    /// Takes the other's holder; one that is externally managed is cloned instead, and a clone that finds no
+    /// memory ends the program: moving never throws, so that vectors of values grow without copies.
+    Value(Value&& other) noexcept;
     virtual ~Value();
 
     Value& operator=(Value const& other);
-    Value& operator=(Value&& other);
+    Value& operator=(Value&& other) noexcept;
     Value& operator=(ValuePtr const& holder);
 
     /// Makes both values refer to the source's holder. The source is not emptied: the caller must see to it
@@ -272,7 +281,10 @@ public:
     bool SetValue(Formula const& value, unsigned int i = 0, unsigned int j = 0);
     bool SetValue(void* const& value, unsigned int i = 0, unsigned int j = 0);
     bool SetValue(Function const& value, unsigned int i = 0, unsigned int j = 0);
-    bool SetValue(char const* value, unsigned int i = 0, unsigned int j = 0) = delete;
+    /// A text literal, or another address of constant data, is no bool.
+    template <class T>
+    requires std::is_const_v<T>
+    bool SetValue(T* value, unsigned int i = 0, unsigned int j = 0) = delete;
 
     // Replaces one element of a bag, addressed by entity type.
     bool SetValue(Entity const& value, EntityFullType const& type, unsigned int index);

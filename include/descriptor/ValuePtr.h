@@ -5,6 +5,7 @@
 #include "descriptor/Forward.h"
 
 #include <cstddef>
+#include <type_traits>
 
 namespace qzDescriptor {
 
@@ -288,8 +289,10 @@ public:
     static ValuePtr* Create(Formula const& value, DisplayStatus status);
     static ValuePtr* Create(void* const& value, DisplayStatus status);
     static ValuePtr* Create(Function const& value, DisplayStatus status);
-    /// A text literal is no number and no bool: say qzString.
-    static ValuePtr* Create(char const* value, DisplayStatus status) = delete;
+    /// A text literal, or another address of constant data, is no bool: say qzString.
+    template <class T>
+    requires std::is_const_v<T>
+    static ValuePtr* Create(T* value, DisplayStatus status) = delete;
 
     // A holder of one element with a text beside it.
     static ValuePtr* Create(bool const& value, qzString const& associatedString, DisplayStatus status);
@@ -319,8 +322,9 @@ public:
     static ValuePtr* Create(qzTMatrix44<double> const& value, qzString const& associatedString,
                             DisplayStatus status);
     static ValuePtr* Create(Entity const& value, qzString const& associatedString, DisplayStatus status);
-    static ValuePtr* Create(char const* value, qzString const& associatedString,
-                            DisplayStatus status) = delete;
+    template <class T>
+    requires std::is_const_v<T>
+    static ValuePtr* Create(T* value, qzString const& associatedString, DisplayStatus status) = delete;
 
     // A holder of a list, which is moved in.
     static ValuePtr* Create(qzStlVector<bool>&& value, DisplayStatus status);
@@ -353,7 +357,8 @@ public:
     static ValuePtr* Create(BasicType basic, CompoundType compound, qzString const& text, char const* format,
                             DisplayStatus status);
 
-    /// A holder of an empty list with room for `count` elements, or for `count` rows of `columns` elements.
+    /// A holder of an empty list with room for `count` elements or, when there are to be columns, of an empty
+    /// two-level list with room for `count` rows; rows come to be by writing.
     /// For entities without columns, `count` selects the kind instead: 1 a list, 3 a bag, 4 a register of
     /// bags. Null for count 0 and for types without a list.
     static ValuePtr* Create(BasicType basic, CompoundType compound, unsigned int count, unsigned int columns,

@@ -10,8 +10,10 @@ protected:
     static constexpr Kind s_kind = ContainerTraits<C>::s_kind;
 
     static Value MakeValue(C const& data, DisplayStatus status = DS_DEFAULT) {
-        Value value = DataTypeUtils::GetValueConstruct(Facts::s_basic, Facts::s_compound,
-                                                       static_cast<unsigned int>(s_kind) + 1);
+        unsigned int const dimension = static_cast<unsigned int>(s_kind) + 1;
+        Value value = DataTypeUtils::GetValueConstruct(Facts::s_basic, Facts::s_compound, dimension);
+        if (s_kind == Kind::BagList)
+            value = Value(BT_UINT, CT_ENTITY, 4, 0, DS_DEFAULT, QZDT_DBHandle());
         EXPECT_TRUE(value.SetValue(data));
         value.SetDisplayStatus(status);
         return value;

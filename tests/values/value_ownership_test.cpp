@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace qzDescriptor::test {
 namespace {
 
@@ -87,6 +89,14 @@ TEST(Ownership, MovesEmptyTheSource) {
     EXPECT_EQ(target.GetValuePtr(), holder);
     target = self;
     EXPECT_EQ(target.GetValuePtr(), holder);
+}
+
+TEST(Ownership, VectorsOfValuesGrowWithoutCopies) {
+    std::vector<Value> values(1);
+    values[0].SetValue(2.5);
+    double const* const number = values[0].GetValuePointerDouble();
+    values.resize(1000);
+    EXPECT_EQ(values[0].GetValuePointerDouble(), number);
 }
 
 TEST(Ownership, MoveValueSharesTheHolder) {

@@ -203,6 +203,11 @@ TEST(OtherText, FollowsTheFormsOfItsType) {
     EXPECT_EQ(Read<Color>("17"), "17");
     EXPECT_EQ(Read<Color>("#0a14f"), "refused");
     EXPECT_EQ(Read<Color>("17x"), "refused");
+    EXPECT_EQ(TextOf(Color(0xFFFFFFFE)), "-2") << "an index is written as a signed number";
+    EXPECT_EQ(Read<Color>("-2"), "-2");
+    EXPECT_EQ(Read<Color>("4294967294"), "-2");
+    EXPECT_EQ(Read<Color>("-1"), "refused");
+    EXPECT_EQ(Read<Color>("-2147483649"), "refused");
     EXPECT_EQ(Read<Color>("4294967295"), "refused") << "the mark of a color that has components is no index";
     EXPECT_EQ(Read<Color>(qzString(1 << 20, '#')), "refused");
     EXPECT_EQ(Read<qzString>(qzString("a\0b", 3)), qzString("a\0b", 3));
@@ -244,6 +249,12 @@ TEST(EntityText, IsWrittenTypeSubtypeId) {
     EXPECT_EQ(Read<Entity>("GRID:7", "%[A-Z]:%u"), "GRID 7");
     EXPECT_EQ(Read<Entity>("4/9#7", "%u/%u#%u"), "4 9 7");
     EXPECT_EQ(Read<Entity>("4/GRID", "%u/%s"), "refused") << "an id is a number";
+    EXPECT_EQ(Read<Entity>("5 7", "%d %d %d"), "5 7")
+        << "a format for a subtype also reads a text without one";
+    EXPECT_EQ(Read<Entity>("GRID sub x", "%s %s %d"), "refused");
+    EXPECT_EQ(Read<Entity>("5 7 4294967296", "%d %d %d"), "refused");
+    EXPECT_EQ(TextOf(Qualifier("T", EntityFullType("PSHELL"), 0, 0xFFFFFFFF, 5, 0), "%s %s %d %u %x"),
+              "T PSHELL 0 4294967295 5");
 }
 
 TEST(QualifierText, HasFiveFieldsOrSix) {
@@ -265,6 +276,8 @@ TEST(CallerFormats, WriteWhatPrintfWrites) {
     EXPECT_EQ(TextOf(-1, "%hhd"), "-1");
     EXPECT_EQ(TextOf(4000000000u, "%lld"), "-294967296");
     EXPECT_EQ(TextOf('A', "%c"), "A");
+    EXPECT_EQ(TextOf(static_cast<char>(-1)), "-1");
+    EXPECT_EQ(TextOf(7, "%+#d"), "+7") << "flags that mean nothing to a conversion are dropped";
     EXPECT_EQ(TextOf(static_cast<unsigned char>(200), "%d %%"), "200 %");
     EXPECT_EQ(TextOf(static_cast<unsigned short>(40000), "%d"), "40000");
     EXPECT_EQ(TextOf(static_cast<short>(-1), "%x"), "ffffffff");
@@ -316,7 +329,16 @@ TEST(CallerFormats, ReadAsManyFieldsAsThereAreComponents) {
     EXPECT_EQ(Read<Color>("1 2 256", "%d %d %d"), "refused");
     EXPECT_EQ(Read<Color>("no. 9", "no. %u"), "9");
     EXPECT_EQ(Read<double>("50%", "%lf%%"), "50");
-    EXPECT_EQ(Read<double>("50", "%lf%%"), "refused");
+    EXPECT_EQ(Read<double>("50", "%lf%% of it"), "50") << "only fields are counted";
+    EXPECT_EQ(Read<int>("5 kg", "%d mm"), "5");
+    EXPECT_EQ(Read<int>("kg 5", "mm %d"), "refused");
+    EXPECT_EQ(Read<int>("x5", "%*d %d"), "refused");
+}
+
+TEST(CallerFormats, MayLieInTheTextThatIsWritten) {
+    qzString text = "t = %.2f";
+    EXPECT_TRUE(Of(2.5).GetValueAsString(text, text.c_str()));
+    EXPECT_EQ(text, "t = 2.50");
 }
 
 // Whatever stands in a format or a text, the answer is yes or no.

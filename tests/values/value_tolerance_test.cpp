@@ -47,6 +47,8 @@ TEST(Tolerance, DecidesByDifferenceOrByRelativeDifference) {
         {s_infinity, s_infinity, 1, true, true},
         {s_infinity, -s_infinity, 1e300, false, false},
         {s_infinity, 1, 1e300, true, false},
+        {s_infinity, 1, s_infinity, false, true},
+        {s_big, -s_big, s_infinity, false, true},
         {s_nan, s_nan, 1e300, false, false},
         {s_nan, s_nan, 1e300, true, false},
         {s_big, 0.6 * s_big, 0.1, true, false}, // the mean must not overflow

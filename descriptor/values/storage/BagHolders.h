@@ -19,8 +19,9 @@ public:
         return dimension == 0 ? CountOf(this->m_data) : 0;
     }
     bool GetValueAsString(qzString& out, char const* format, unsigned int i, unsigned int) const override {
-        return WriteOrEmpty(
-            out, [&] { return i == ValuePtr::s_wholeValue && AppendBag(out, this->m_data, format); });
+        return WriteOrEmpty(out, [&](qzString& text) {
+            return i == ValuePtr::s_wholeValue && AppendBag(text, this->m_data, format);
+        });
     }
 
 protected:

@@ -23,19 +23,21 @@ bool AppendBraced(qzString& out, std::size_t count, Append&& append) {
     return true;
 }
 
-/// Writes by append() into an emptied text, which stays empty when that fails.
+/// Writes what append(text) appends; an empty text when that fails. The format in use may lie in `out`.
 template <class Append>
 bool WriteOrEmpty(qzString& out, Append&& append) {
-    out.clear();
-    bool const written = append();
-    if (!written)
+    qzString text;
+    bool const written = append(text);
+    if (written)
+        out = std::move(text);
+    else
         out.clear();
     return written;
 }
 
 template <class T>
 bool WriteElement(qzString& out, bool exists, T const& element, char const* format) {
-    return WriteOrEmpty(out, [&] { return exists && AppendText(out, element, format); });
+    return WriteOrEmpty(out, [&](qzString& text) { return exists && AppendText(text, element, format); });
 }
 
 template <class T>
@@ -99,21 +101,22 @@ inline bool AppendBag(qzString& out, EntityListBagList const& bags, char const* 
 
 template <class List>
 bool WriteList(qzString& out, List const& list, char const* format) {
-    return WriteOrEmpty(out, [&] { return AppendList(out, list, format); });
+    return WriteOrEmpty(out, [&](qzString& text) { return AppendList(text, list, format); });
 }
 
 template <class Grid>
 bool WriteGrid(qzString& out, Grid const& grid, char const* format) {
-    return WriteOrEmpty(out, [&] {
-        return AppendBraced(out, GridAccess<Grid>::Rows(grid),
-                            [&](unsigned int i) { return AppendRow(out, grid, i, format); });
+    return WriteOrEmpty(out, [&](qzString& text) {
+        return AppendBraced(text, GridAccess<Grid>::Rows(grid),
+                            [&](unsigned int i) { return AppendRow(text, grid, i, format); });
     });
 }
 
 template <class Grid>
 bool WriteRow(qzString& out, Grid const& grid, unsigned int i, char const* format) {
-    return WriteOrEmpty(out,
-                        [&] { return i < GridAccess<Grid>::Rows(grid) && AppendRow(out, grid, i, format); });
+    return WriteOrEmpty(out, [&](qzString& text) {
+        return i < GridAccess<Grid>::Rows(grid) && AppendRow(text, grid, i, format);
+    });
 }
 
 } // namespace qzDescriptor

@@ -4,7 +4,9 @@
 #include "values/text/ScanFormat.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace qzDescriptor {
 
@@ -96,6 +98,13 @@ bool StoreRecord(std::vector<ScanFormat::Field> const& fields, Shape shape, Reco
     return true;
 }
 
+// A format with a field for the subtype also reads a text without one.
+bool EndsInNumbers(std::vector<ScanFormat::Field> const& fields, Shape shape) {
+    return fields.size() + 1 == shape.keys + shape.numbers &&
+           std::all_of(fields.end() - static_cast<std::ptrdiff_t>(shape.numbers), fields.end(),
+                       [](auto const& field) { return std::holds_alternative<ScannedInteger>(field); });
+}
+
 bool ReadRecordByFormat(qzString const& text, char const* format, Shape shape, Record& record) {
     using enum ScanFormat::Class;
     ScanFormat const scan(format);
@@ -106,8 +115,18 @@ bool ReadRecordByFormat(qzString const& text, char const* format, Shape shape, R
     bool const fits =
         std::all_of(classes.begin(), numbers, [](auto kind) { return kind == Integer || kind == Text; }) &&
         std::all_of(numbers, classes.end(), [](auto kind) { return kind == Integer; });
+    if (!fits)
+        return false;
     std::vector<ScanFormat::Field> fields;
-    return fits && scan.Read(text, fields) == Scan::Matched && StoreRecord(fields, shape, record);
+    switch (scan.Read(text, fields)) {
+    case Scan::Matched:
+        return StoreRecord(fields, shape, record);
+    case Scan::NoMatch:
+        return EndsInNumbers(fields, shape) && StoreRecord(fields, shape, record);
+    case Scan::OutOfRange:
+        break;
+    }
+    return false;
 }
 
 bool ReadRecord(qzString const& text, std::vector<ScanFormat> const& forms, Shape shape, Record& record) {
@@ -126,7 +145,8 @@ bool AppendRecord(qzString& out, Record const& record, bool haveSubtype, char co
     for (Key const& key : record.keys)
         arguments.push_back(key.Argument());
     for (long long const number : record.numbers)
-        arguments.push_back(FormatInteger::Of(number));
+        arguments.emplace_back(
+            FormatInteger::Of(static_cast<std::int32_t>(number))); // ids and indices: 32 bits
     if (AppendFormatted(out, format, arguments))
         return true;
     arguments.erase(arguments.begin() + static_cast<std::ptrdiff_t>(record.keys.size()) - 1);

@@ -18,9 +18,13 @@ FormatArgument ArgumentOf(T value) {
     return static_cast<double>(value);
 }
 
+/// char is a signed 8-bit number here, whatever it is to the compiler.
+template <std::integral T>
+using Numeric = std::conditional_t<std::is_same_v<T, char>, signed char, T>;
+
 template <std::integral T>
 FormatArgument ArgumentOf(T value) {
-    return FormatInteger::Of(value);
+    return FormatInteger::Of(static_cast<Numeric<T>>(value));
 }
 
 template <class T>
@@ -44,13 +48,22 @@ bool StoreField(ScanFormat::Field const& field, float& value) {
 
 template <std::integral T>
 bool StoreField(ScanFormat::Field const& field, T& value) {
-    if (auto const* const integer = std::get_if<ScannedInteger>(&field))
-        return StoreInteger(*integer, value) == Scan::Matched;
-    qzString const& character = std::get<qzString>(field); // "%c" into an 8-bit number
-    if (character.size() != 1)
+    if (auto const* const integer = std::get_if<ScannedInteger>(&field)) {
+        Numeric<T> number{};
+        if (StoreInteger(*integer, number) != Scan::Matched)
+            return false;
+        value = static_cast<T>(number);
+        return true;
+    }
+    if constexpr (sizeof(T) == 1) { // "%c" into an 8-bit number
+        qzString const& character = std::get<qzString>(field);
+        if (character.size() != 1)
+            return false;
+        value = static_cast<T>(character[0]);
+        return true;
+    } else {
         return false;
-    value = static_cast<T>(character[0]);
-    return true;
+    }
 }
 
 template <class T>
@@ -83,7 +96,11 @@ Scan ScanNumber(std::string_view& text, T& value) {
 
 template <std::integral T>
 Scan ScanNumber(std::string_view& text, T& value) {
-    return ScanInteger(text, value);
+    Numeric<T> number{};
+    Scan const result = ScanInteger(text, number);
+    if (result == Scan::Matched)
+        value = static_cast<T>(number);
+    return result;
 }
 
 template <class T>
@@ -105,6 +122,9 @@ bool ReadNumbers(qzString const& text, char const* format, T& value) {
     }
 }
 
+template <std::integral T>
+using Widest = std::conditional_t<std::is_signed_v<Numeric<T>>, long long, unsigned long long>;
+
 template <class T>
 bool AppendNumbers(qzString& out, T const& value, char const* format) {
     using N = Numbers<T>;
@@ -118,8 +138,8 @@ bool AppendNumbers(qzString& out, T const& value, char const* format) {
         if (k > 0)
             out += k % N::s_perRow == 0 ? "  " : " ";
         if constexpr (std::integral<typename N::Number>)
-            AppendInteger(out, static_cast<std::conditional_t<std::is_signed_v<typename N::Number>, long long,
-                                                              unsigned long long>>(N::At(value, k)));
+            AppendInteger(
+                out, Widest<typename N::Number>{static_cast<Numeric<typename N::Number>>(N::At(value, k))});
         else if constexpr (N::s_count == 1)
             AppendReal(out, static_cast<double>(N::At(value, k)));
         else

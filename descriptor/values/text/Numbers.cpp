@@ -2,6 +2,7 @@
 
 #include "values/text/ClassicLocale.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <limits>

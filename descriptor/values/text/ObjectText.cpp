@@ -9,6 +9,8 @@
 #include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <limits>
+#include <locale>
 #include <optional>
 #include <regex>
 
@@ -106,7 +108,7 @@ bool ReadText(qzString const& text, char const* format, void*& value) {
     std::uintptr_t address = 0;
     if (!fields || !StoreInto(fields->front(), address))
         return false;
-    value = reinterpret_cast<void*>(address);
+    value = reinterpret_cast<void*>(address); // NOLINT(performance-no-int-to-ptr): carried, never followed
     return true;
 }
 
@@ -146,6 +148,28 @@ bool ReadColorByFormat(qzString const& text, char const* format, Color& value) {
     return true;
 }
 
+// Not destroyed: objects in static storage may still read texts at exit.
+std::regex const& RgbExpression() {
+    static auto const& expression = *[] {
+        auto* const compiled = new std::regex;
+        compiled->imbue(std::locale::classic());
+        compiled->assign(R"re(^([{'"]?)#([0-9a-fA-F]{2})([0-9a-fA-F]{2})([0-9a-fA-F]{2})(['"}]?)$)re");
+        return compiled;
+    }();
+    return expression;
+}
+
+// Indices from 2^31 on are written as negative numbers, and read either way.
+bool ReadColorIndex(std::string_view text, Color& value) {
+    long long number = 0;
+    if (ScanInteger(text, number) != Scan::Matched || !text.empty())
+        return false;
+    if (number < std::numeric_limits<int>::min() || number >= Color::s_rgbIndex || number == -1)
+        return false;
+    value.SetIndex(static_cast<unsigned int>(number));
+    return true;
+}
+
 unsigned char HexPair(std::string const& pair) {
     return static_cast<unsigned char>(std::stoi(pair, nullptr, 16));
 }
@@ -155,21 +179,13 @@ unsigned char HexPair(std::string const& pair) {
 bool ReadText(qzString const& text, char const* format, Color& value) {
     if (format != nullptr)
         return ReadColorByFormat(text, format, value);
-    // Not destroyed: objects in static storage may still read texts at exit.
-    static auto const& rgb =
-        *new std::regex(R"re(^([{'"]?)#([0-9a-fA-F]{2})([0-9a-fA-F]{2})([0-9a-fA-F]{2})(['"}]?)$)re");
     constexpr std::size_t s_longestColor = 9;
     std::smatch match;
-    if (text.size() <= s_longestColor && std::regex_match(text, match, rgb)) {
+    if (text.size() <= s_longestColor && std::regex_match(text, match, RgbExpression())) {
         value.SetRGB(HexPair(match[2]), HexPair(match[3]), HexPair(match[4]));
         return true;
     }
-    std::string_view rest = text;
-    unsigned int index = 0;
-    if (ScanInteger(rest, index) != Scan::Matched || !rest.empty() || index == Color::s_rgbIndex)
-        return false;
-    value.SetIndex(index);
-    return true;
+    return ReadColorIndex(text, value);
 }
 
 // Formulas and functions in the words of FormulaText.h; a format of numbers cannot hold them.

@@ -2,7 +2,9 @@
 
 #include "values/text/ClassicLocale.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 namespace qzDescriptor {
 
@@ -10,6 +12,8 @@ namespace {
 
 // Wider fields are a mistake or an attack; nothing that a person reads is as wide.
 constexpr int s_largestField = 1 << 20;
+
+bool IsOneOf(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
 
 /// One conversion of a format: "%-8.3lf" without its length modifier.
 struct Conversion {
@@ -20,17 +24,29 @@ struct Conversion {
 
     bool LeftAligned() const { return flags.find('-') != qzString::npos; }
 
+    /// For the C library: with the flags that mean something to the letter, since others are undefined there.
     qzString Specification(char const* modifier) const {
-        qzString text = "%" + flags;
+        qzString text = "%";
+        std::copy_if(flags.begin(), flags.end(), std::back_inserter(text), [this](char flag) {
+            switch (flag) {
+            case '#':
+                return IsOneOf(letter, "oxXaAeEfFgG");
+            case '0':
+                return IsOneOf(letter, "diouxXaAeEfFgG");
+            case '+':
+            case ' ':
+                return IsOneOf(letter, "diaAeEfFgG");
+            default:
+                return true;
+            }
+        });
         if (width > 0)
             text += std::to_string(width);
-        if (precision >= 0)
+        if (precision >= 0 && letter != 'p')
             text += '.' + std::to_string(precision);
         return text + modifier + letter;
     }
 };
-
-bool IsOneOf(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
 
 bool TakeCount(char const*& at, int& count) {
     for (count = 0; *at >= '0' && *at <= '9'; ++at) {

@@ -104,6 +104,8 @@ ScanFormat::Class ScanFormat::P_ClassOf(char letter) {
 Scan ScanFormat::Read(std::string_view text, std::vector<Field>& fields) const {
     fields.clear();
     for (Directive const& directive : m_directives) {
+        if (!fields.empty() && fields.size() == m_classes.size())
+            break; // what follows the last field is not asked for
         if (directive.kind == Directive::Blanks) {
             SkipBlanks(text);
             continue;

@@ -33,7 +33,8 @@ public:
     /// The classes of the conversions that store something, in order ("%*d" stores nothing).
     std::vector<Class> const& GetClasses() const { return m_classes; }
 
-    /// Reads a text: Matched when every conversion found its field. `fields` is replaced.
+    /// Reads a text: Matched when every conversion that stores something found its field, whatever follows
+    /// the last one. `fields` is replaced, also by those that were found before one was not.
     Scan Read(std::string_view text, std::vector<Field>& fields) const;
 
 private:

@@ -57,6 +57,8 @@ DATA_TYPE DataTypeUtils::GetValueDataType(BasicType const& basic, CompoundType c
 
 Value DataTypeUtils::GetValueConstruct(BasicType const& basic, CompoundType const& compound,
                                        unsigned int arrayDimension) {
+    if (arrayDimension > 3)
+        return Value(); // beyond the dimensions of types, registers of bags are made by selector
     return Value(CreateDefault(basic, compound, arrayDimension, DS_DEFAULT));
 }
 

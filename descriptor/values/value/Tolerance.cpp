@@ -27,7 +27,8 @@ public:
     bool operator()(T const& a, T const& b) const {
         if (a == b)
             return true; // infinities too, whose difference is no number
-        T const tolerance = static_cast<T>(std::min<double>(m_tolerance, std::numeric_limits<T>::max()));
+        T const tolerance = m_tolerance > std::numeric_limits<T>::max() ? std::numeric_limits<T>::infinity()
+                                                                        : static_cast<T>(m_tolerance);
         T const difference = std::abs(a - b);
         if (!m_relative)
             return difference <= tolerance;

@@ -26,7 +26,7 @@ Value::Value(BasicType basic, CompoundType compound, unsigned int count, unsigne
 
 Value::Value(Value const& other) : m_holder(other.m_holder != nullptr ? other.m_holder->Clone() : nullptr) {}
 
-Value::Value(Value&& other) { *this = std::move(other); }
+Value::Value(Value&& other) noexcept { *this = std::move(other); }
 
 Value::~Value() { ValuePtr::Destroy(m_holder); }
 
@@ -39,7 +39,7 @@ Value& Value::operator=(Value const& other) {
     return *this;
 }
 
-Value& Value::operator=(Value&& other) {
+Value& Value::operator=(Value&& other) noexcept {
     if (this == &other)
         return *this;
     if (other.m_holder != nullptr && other.m_holder->IsMemoryExternallyManaged())
