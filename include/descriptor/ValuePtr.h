@@ -173,7 +173,7 @@ public:
     virtual EntityListBagList const* GetValuePointerEntityListBagList() const;
     virtual Tabular const* GetValuePointerTabular() const;
 
-    virtual DisplayStatus GetDisplayStatus() const;
+    virtual DisplayStatus GetDisplayStatus() const { return m_displayStatus; }
 
     // Replaces the whole list, bag or table.
     virtual bool SetValue(Tabular const& value);
@@ -244,7 +244,7 @@ public:
     /// caller's format converts exactly as many fields as the element has components.
     virtual bool SetValueFromString(qzString const& text, char const* format, unsigned int i, unsigned int j);
 
-    virtual void SetDisplayStatus(DisplayStatus status);
+    virtual void SetDisplayStatus(DisplayStatus status) { m_displayStatus = status; }
 
     /// The address of element (i, j) of the data; null when there is none.
     virtual void const* GetMemoryLocation(unsigned int i, unsigned int j) const;

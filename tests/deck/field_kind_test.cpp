@@ -1,5 +1,7 @@
 #include "reader/field_kind.h"
 
+#include <algorithm>
+#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -145,11 +147,13 @@ FieldKind ClassifyByExpression(std::string const& text) {
     return FieldKind::Unreadable;
 }
 
-/// The value by the C library, whose notation has an E.
+/// The value by the C library, whose notation has an E and the point of the process's locale.
 double ReadByCLibrary(std::string text) {
     std::erase(text, ' ');
+    std::ranges::replace(text, '.', *std::localeconv()->decimal_point);
     for (std::size_t i = 1; i < text.size(); ++i) {
-        bool const followsDigit = std::string_view("0123456789.").find(text[i - 1]) != std::string_view::npos;
+        bool const followsDigit =
+            std::string_view("0123456789.,").find(text[i - 1]) != std::string_view::npos;
         if (text[i] == 'd' || text[i] == 'D')
             text[i] = 'E';
         else if ((text[i] == '+' || text[i] == '-') && followsDigit)

@@ -2,7 +2,9 @@
 
 namespace qzDescriptor {
 
-ValuePtr* ValuePtrFormulaBag::Clone() const { return new ValuePtrFormulaBag(m_data, GetDisplayStatus()); }
+ValuePtr* ValuePtrFormulaBag::Clone() const {
+    return new ValuePtrFormulaBag(m_data, ValuePtr::GetDisplayStatus());
+}
 
 unsigned int ValuePtrFormulaBag::GetArrayDimensionExtent(EntityFullType const& type) const {
     return m_data.GetFormulaPointer(type) != nullptr ? 1 : 0;
@@ -37,7 +39,7 @@ bool ValuePtrFormulaBag::SetValueFromString(qzString const& text, EntityFullType
 }
 
 ValuePtr* ValuePtrEntityListBag::Clone() const {
-    return new ValuePtrEntityListBag(m_data, GetDisplayStatus());
+    return new ValuePtrEntityListBag(m_data, ValuePtr::GetDisplayStatus());
 }
 
 unsigned int ValuePtrEntityListBag::GetArrayDimensionExtent(EntityFullType const& type) const {
@@ -65,7 +67,7 @@ bool ValuePtrEntityListBag::SetValueFromString(qzString const& text, EntityFullT
 }
 
 ValuePtr* ValuePtrEntityListBagList::Clone() const {
-    return new ValuePtrEntityListBagList(m_data, GetDisplayStatus());
+    return new ValuePtrEntityListBagList(m_data, ValuePtr::GetDisplayStatus());
 }
 
 } // namespace qzDescriptor

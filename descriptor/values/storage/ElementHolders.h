@@ -22,7 +22,7 @@ public:
     }
 
     ValuePtr* Clone() const override {
-        return new ValuePtrPrivateArray0T(this->m_value, this->GetDisplayStatus());
+        return new ValuePtrPrivateArray0T(this->m_value, ValuePtr::GetDisplayStatus());
     }
     BasicType GetBasicType() const override { return B; }
     CompoundType GetCompoundType() const override { return C; }
@@ -79,7 +79,7 @@ public:
     }
 
     ValuePtr* Clone() const override {
-        return new ValuePtrPrivateArray0TStr(this->m_value, m_associatedString, this->GetDisplayStatus());
+        return new ValuePtrPrivateArray0TStr(this->m_value, m_associatedString, ValuePtr::GetDisplayStatus());
     }
     bool GetAssociatedString(qzString& text) const override {
         text = m_associatedString;

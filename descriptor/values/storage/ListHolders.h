@@ -35,7 +35,7 @@ public:
     }
 
     ValuePtr* Clone() const override {
-        return new ValuePtrPrivateArray1T(this->m_data, this->GetDisplayStatus());
+        return new ValuePtrPrivateArray1T(this->m_data, ValuePtr::GetDisplayStatus());
     }
     unsigned int GetArrayDimensionExtent(unsigned int dimension) const override {
         return dimension == 0 ? static_cast<unsigned int>(Access::Count(this->m_data)) : 0;
@@ -87,7 +87,7 @@ public:
     }
 
     ValuePtr* Clone() const override {
-        return new ValuePtrPrivateArray2T(this->m_data, this->GetDisplayStatus());
+        return new ValuePtrPrivateArray2T(this->m_data, ValuePtr::GetDisplayStatus());
     }
     unsigned int GetArrayDimensionExtent(unsigned int dimension) const override {
         std::size_t const rows = Access::Rows(this->m_data);

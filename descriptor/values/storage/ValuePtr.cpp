@@ -68,8 +68,6 @@ bool ValuePtr::SetValueFromString(qzString const&, EntityFullType const&, unsign
 bool ValuePtr::SetValueFromString(qzString const&, char const*, unsigned int, unsigned int) { return false; }
 
 std::size_t ValuePtr::GetValueMemoryUsage() const { return 0; }
-DisplayStatus ValuePtr::GetDisplayStatus() const { return m_displayStatus; }
-void ValuePtr::SetDisplayStatus(DisplayStatus status) { m_displayStatus = status; }
 void const* ValuePtr::GetMemoryLocation(unsigned int, unsigned int) const { return nullptr; }
 void* ValuePtr::GetMemoryLocation(unsigned int, unsigned int) { return nullptr; }
 bool ValuePtr::GetAssociatedString(qzString&) const { return false; }
