@@ -8,7 +8,9 @@ namespace qzDescriptor {
 
 template <class Body>
 std::unique_ptr<Body> CloneBody(std::unique_ptr<Body> const& body) {
-    return body ? std::make_unique<Body>(*body) : nullptr;
+    if (!body)
+        return nullptr;
+    return std::make_unique<Body>(*body);
 }
 
 template <class Body>

@@ -4,6 +4,8 @@
 
 #include "qzutl/qzStlVector.h"
 
+#include <cstdint>
+
 namespace qzDescriptor {
 
 /// Entities of one type in order: their ids, and their topology indices while the type has a topology kind.
@@ -56,7 +58,13 @@ public:
 
 private:
     static unsigned int& P_NoId();
-    bool P_HasTopology() const { return m_type.GetTopologyType() != EntityFullType::TOPOLOGY_NONE; }
+    static bool P_HasTopology(EntityFullType const& type) {
+        return type.GetTopologyType() != EntityFullType::TOPOLOGY_NONE;
+    }
+    bool P_HasTopology() const { return P_HasTopology(m_type); }
+    void P_Adopt(EntityFullType type, std::uint64_t count);
+    void P_MakeRoom(EntityFullType const& type, std::uint64_t count);
+    void P_Resize(std::uint64_t count);
     void P_KeepTopologyInStep();
 
     EntityFullType m_type;

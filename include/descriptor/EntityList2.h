@@ -9,8 +9,10 @@ namespace qzDescriptor {
 /// Entities of one type in rows: the two-level form of EntityList, without topology indices.
 class QZDESCRIPTOR_API EntityList2 {
 public:
+    static constexpr unsigned int s_mostReservedColumns = 4096;
+
     EntityList2() = default;
-    /// Reserves rows, and columns for the rows that are made by writing.
+    /// As Reserve.
     EntityList2(unsigned int rows, unsigned int columns) { Reserve(rows, columns); }
     EntityList2(EntityFullType const& type, qzStlVector<qzStlVector<unsigned int>> const& ids)
         : m_type(type), m_rows(ids) {}
@@ -31,6 +33,7 @@ public:
     /// refused.
     bool SetEntity(Entity const& entity, unsigned int i, unsigned int j);
 
+    /// Makes room for rows, and for columns, at most s_mostReservedColumns, in each row that is written.
     void Reserve(unsigned int rows, unsigned int columns);
 
     friend bool operator==(EntityList2 const& a, EntityList2 const& b) {

@@ -15,7 +15,8 @@ class EntityListBagPrivate;
 ///
 /// The map is locked inside every look-up, insertion and removal, and while the bag is copied, assigned to,
 /// merged or compared. A list that was handed out by reference, or is written by SetListId and SetListEntity,
-/// is not: threads that share a bag must not change one list at the same time.
+/// is not: threads that share a bag must not change one list at the same time. The reference stays good until
+/// the bag is assigned to or gone.
 class QZDESCRIPTOR_API EntityListBag {
 public:
     static constexpr unsigned int s_invalidBlockSize = 0xFFFFFFFF;

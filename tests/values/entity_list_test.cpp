@@ -265,6 +265,13 @@ TEST(EntityList2, ReservesColumnsForTheRowsThatAreMade) {
     }
 }
 
+TEST(EntityList2, WritesAnIdWhateverColumnsWereAskedFor) {
+    EntityList2 list(0, std::numeric_limits<unsigned int>::max());
+    list.SetId(0, 0, 5);
+    EXPECT_THAT(list.GetList(), ElementsAre(ElementsAre(5)));
+    EXPECT_EQ(list.GetList()[0].capacity(), EntityList2::s_mostReservedColumns);
+}
+
 TEST(EntityList2, IsEqualByTypeAndRows) {
     EntityList2 const list(s_grid, {{1}, {2, 3}});
     EXPECT_EQ(list, EntityList2(s_face, {{1}, {2, 3}}));

@@ -139,8 +139,10 @@ TEST(FormulaBag, TakesFormulasOfItsOwnAsArguments) {
     EXPECT_EQ(bag.GetFormula(grid), MakeFormula(grid, {1, 2, 3}));
     bag.GetFormula(grid).PushBackClause(Clause(), grid, false);
     EXPECT_EQ(bag.GetFormula(grid).GetClauseCount(), 2U);
+    Formula const* const place = bag.GetFormulaPointer(grid);
     FormulaBag& same = bag;
     bag = same;
+    EXPECT_EQ(bag.GetFormulaPointer(grid), place);
     EXPECT_EQ(bag.GetFormula(grid).GetClauseCount(), 2U);
     EXPECT_EQ(bag, same);
 }

@@ -3,6 +3,10 @@
 #include "descriptor/Entity.h"
 #include "values/collections/Growth.h"
 
+#include <algorithm>
+#include <type_traits>
+#include <utility>
+
 namespace qzDescriptor {
 
 EntityList::EntityList(EntityFullType const& type, qzStlVector<unsigned int> const& ids,
@@ -12,15 +16,15 @@ EntityList::EntityList(EntityFullType const& type, qzStlVector<unsigned int> con
 }
 
 bool EntityList::SetEntityFullType(EntityFullType const& type) {
-    m_type = type;
+    P_Adopt(type, m_ids.size());
     P_KeepTopologyInStep();
     return true;
 }
 
 bool EntityList::SetLists(qzStlVector<unsigned int> const& ids, qzStlVector<char> const& topologyIndices) {
-    m_ids = ids;
-    m_topologyIndices = topologyIndices;
-    P_KeepTopologyInStep();
+    EntityList lists(m_type, ids, topologyIndices);
+    m_ids = std::move(lists.m_ids);
+    m_topologyIndices = std::move(lists.m_topologyIndices);
     return true;
 }
 
@@ -59,8 +63,7 @@ bool EntityList::GetEntity(Entity& entity, unsigned int index) const {
 }
 
 void EntityList::SetId(unsigned int index, unsigned int id, char topologyIndex) {
-    GrowToHold(m_ids, index);
-    P_KeepTopologyInStep();
+    P_Resize(std::max<std::uint64_t>(m_ids.size(), std::uint64_t{index} + 1));
     m_ids[index] = id;
     if (P_HasTopology())
         m_topologyIndices[index] = topologyIndex;
@@ -68,7 +71,7 @@ void EntityList::SetId(unsigned int index, unsigned int id, char topologyIndex) 
 
 bool EntityList::SetEntity(Entity const& entity, unsigned int index) {
     if (!m_type.IsValid())
-        m_type = entity.GetEntityFullType();
+        P_Adopt(entity.GetEntityFullType(), std::uint64_t{index} + 1);
     else if (m_type != entity.GetEntityFullType())
         return false;
     SetId(index, entity.GetId(), entity.GetTopologyIndex());
@@ -81,8 +84,24 @@ void EntityList::Reserve(unsigned int capacity) {
         m_topologyIndices.reserve(capacity);
 }
 
-void EntityList::Resize(unsigned int count) {
-    m_ids.resize(count);
+void EntityList::Resize(unsigned int count) { P_Resize(count); }
+
+// Takes the type once there is room for that many of its ids: a type that is taken stays.
+void EntityList::P_Adopt(EntityFullType type, std::uint64_t count) {
+    static_assert(std::is_nothrow_move_assignable_v<EntityFullType>);
+    P_MakeRoom(type, std::max<std::uint64_t>(m_ids.size(), count));
+    m_type = std::move(type);
+}
+
+void EntityList::P_MakeRoom(EntityFullType const& type, std::uint64_t count) {
+    MakeRoom(m_ids, count);
+    if (P_HasTopology(type))
+        MakeRoom(m_topologyIndices, count);
+}
+
+void EntityList::P_Resize(std::uint64_t count) {
+    P_MakeRoom(m_type, count);
+    m_ids.resize(static_cast<std::size_t>(count));
     P_KeepTopologyInStep();
 }
 

@@ -3,10 +3,14 @@
 #include "descriptor/Entity.h"
 #include "values/collections/Growth.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 namespace qzDescriptor {
 
 bool EntityList2::SetEntityFullType(EntityFullType const& type) {
-    m_type = type;
+    m_type = EntityFullType(type); // both its names or neither
     return true;
 }
 
@@ -30,25 +34,33 @@ bool EntityList2::GetEntity(Entity& entity, unsigned int i, unsigned int j) cons
 }
 
 void EntityList2::SetId(unsigned int i, unsigned int j, unsigned int id) {
-    GrowToHold(m_rows, i);
-    qzStlVector<unsigned int>& row = m_rows[i];
+    bool const isThere = i < m_rows.size();
+    qzStlVector<unsigned int> added;
+    qzStlVector<unsigned int>& row = isThere ? m_rows[i] : added;
     row.reserve(m_reservedColumns);
     GrowToHold(row, j);
     row[j] = id;
+    if (isThere)
+        return;
+    GrowToHold(m_rows, i);
+    m_rows[i] = std::move(added);
 }
 
 bool EntityList2::SetEntity(Entity const& entity, unsigned int i, unsigned int j) {
+    std::optional<EntityFullType> adopted;
     if (!m_type.IsValid())
-        m_type = entity.GetEntityFullType();
+        adopted = entity.GetEntityFullType();
     else if (m_type != entity.GetEntityFullType())
         return false;
     SetId(i, j, entity.GetId());
+    if (adopted)
+        m_type = std::move(*adopted); // last, when nothing can fail any more: a type that is taken stays
     return true;
 }
 
 void EntityList2::Reserve(unsigned int rows, unsigned int columns) {
     m_rows.reserve(rows);
-    m_reservedColumns = columns;
+    m_reservedColumns = std::min(columns, s_mostReservedColumns);
 }
 
 } // namespace qzDescriptor

@@ -50,7 +50,7 @@ private:
 
 bool IsValidBody(EntityListBagPrivate const* bag) { return bag != nullptr && bag->valid; }
 
-/// The list of the type; null when there is none. Lists keep their addresses as long as the bag lives.
+/// The list of the type; null when there is none. It keeps its address until the bag is assigned to or gone.
 EntityList* FindList(EntityListBagPrivate* bag, EntityFullType const& type) {
     if (!IsValidBody(bag))
         return nullptr;

@@ -4,11 +4,15 @@
 
 #include <deque>
 #include <map>
+#include <type_traits>
+#include <utility>
 
 namespace qzDescriptor {
 
 /// A register without slots is empty: nothing has been registered, or all of it has been moved away.
 struct EntityListBagList::Slots {
+    using Indices = std::map<std::pair<unsigned int, qzString>, unsigned int>;
+
     struct Slot {
         Slot() = default;
         Slot(unsigned int slotKey, qzString const& slotName) : key(slotKey), name(slotName) {}
@@ -29,7 +33,7 @@ struct EntityListBagList::Slots {
     }
 
     std::deque<Slot> all; // a slot never moves
-    std::map<std::pair<unsigned int, qzString>, unsigned int> registered;
+    Indices registered;
 };
 
 EntityListBagList::EntityListBagList() = default;
@@ -53,8 +57,10 @@ unsigned int EntityListBagList::Register(unsigned int key, qzString const& name)
     if (!m_slots)
         m_slots = std::make_unique<Slots>();
     unsigned int const index = static_cast<unsigned int>(m_slots->all.size());
+    Slots::Indices entry;
+    entry.emplace(std::pair(key, name), index);
     m_slots->all.emplace_back(key, name);
-    m_slots->registered.emplace(std::pair(key, name), index);
+    m_slots->registered.merge(entry); // only links: a slot and its entry come together
     return index;
 }
 
@@ -69,9 +75,11 @@ bool EntityListBagList::Unregister(unsigned int index) {
     Slots::Slot* const slot = Slots::Find(m_slots.get(), index);
     if (slot == nullptr)
         return false;
+    static_assert(std::is_nothrow_move_assignable_v<Slots::Slot>, "a slot and its entry go together");
+    Slots::Slot emptied;
+    emptied.free = true;
     m_slots->registered.erase({slot->key, slot->name});
-    *slot = Slots::Slot();
-    slot->free = true;
+    *slot = std::move(emptied);
     return true;
 }
 

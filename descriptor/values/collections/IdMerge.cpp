@@ -1,6 +1,7 @@
 #include "values/collections/IdMerge.h"
 
 #include "descriptor/EntityList.h"
+#include "values/collections/Growth.h"
 #include "values/collections/IdSet.h"
 
 #include <memory>
@@ -113,6 +114,7 @@ void AppendMissingIds(EntityList& list, EntityList const& other) {
     if (other.IsEmpty())
         return;
     Choice const missing = ChooseMissing(GetIds(other), RelevantIds(GetIds(list), GetIds(other)).Get());
+    MakeRoom(list.GetList(), list.GetList().size() + missing.count);
     if (HasTopology(list)) {
         qzStlVector<char> indices = other.GetTopologyIndexList();
         indices.resize(other.GetList().size());

@@ -44,6 +44,8 @@ FormulaBag::FormulaBag(FormulaBag const& other)
 FormulaBag::~FormulaBag() = default;
 
 FormulaBag& FormulaBag::operator=(FormulaBag const& other) {
+    if (this == &other) // what was handed out stays
+        return *this;
     auto formulas = other.m_private->CopyFormulas(m_private->poolBlock);
     FormulaBagPrivate::Guard const guard(m_private->mutex);
     std::swap(m_private->formulas, formulas);
