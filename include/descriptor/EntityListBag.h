@@ -26,7 +26,8 @@ public:
 
     /// blockSize: how many lists one allocation makes room for (0 counts as 1). With s_invalidBlockSize the
     /// bag is invalid: every operation on it fails at once.
-    explicit EntityListBag(unsigned int blockSize = 1);
+    explicit EntityListBag(unsigned int blockSize);
+    EntityListBag() : EntityListBag(1) {}
     EntityListBag(EntityListBag const& other);
     EntityListBag(EntityListBag&& other) noexcept;
     EntityListBag& operator=(EntityListBag const& other);

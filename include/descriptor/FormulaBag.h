@@ -14,7 +14,8 @@ class FormulaBagPrivate;
 class QZDESCRIPTOR_API FormulaBag {
 public:
     /// poolBlock: how many entries one allocation makes room for, at least 4.
-    explicit FormulaBag(unsigned int poolBlock = 4);
+    explicit FormulaBag(unsigned int poolBlock);
+    FormulaBag() : FormulaBag(4) {}
     FormulaBag(FormulaBag const& other);
     FormulaBag& operator=(FormulaBag const& other);
     virtual ~FormulaBag();

@@ -47,8 +47,8 @@ namespace {
 
 /// The types whose values can be made from text.
 template <class T>
-inline constexpr bool s_madeFromText =
-    ElementTraits<T>::s_compound <= CT_ENTITY&& ElementTraits<T>::s_basic <= BT_STRING;
+inline constexpr bool s_madeFromText = (ElementTraits<T>::s_compound <= CT_ENTITY) &&
+                                       (ElementTraits<T>::s_basic <= BT_STRING);
 
 ValuePtr* CreateEntityCollection(unsigned int selector, DisplayStatus status) {
     switch (selector) {
@@ -63,27 +63,16 @@ ValuePtr* CreateEntityCollection(unsigned int selector, DisplayStatus status) {
     }
 }
 
-template <class T>
-ValuePtr* CreateList(unsigned int count, DisplayStatus status) {
-    using List = typename ContainerFor<T, Kind::Array1>::Type;
-    if constexpr (std::is_void_v<List>) {
+/// An empty container of a kind with room for `count` elements or rows.
+template <class T, Kind K>
+ValuePtr* CreateWithRoom(unsigned int count, DisplayStatus status) {
+    using Container = typename ContainerFor<T, K>::Type;
+    if constexpr (std::is_void_v<Container>) {
         return nullptr;
     } else {
-        List list;
-        list.reserve(count);
-        return ValuePtr::Create(std::move(list), status);
-    }
-}
-
-template <class T>
-ValuePtr* CreateGrid(unsigned int rows, DisplayStatus status) {
-    using Grid = typename ContainerFor<T, Kind::Array2>::Type;
-    if constexpr (std::is_void_v<Grid>) {
-        return nullptr;
-    } else {
-        Grid grid;
-        grid.reserve(rows);
-        return ValuePtr::Create(std::move(grid), status);
+        Container container;
+        container.reserve(count);
+        return ValuePtr::Create(std::move(container), status);
     }
 }
 
@@ -111,7 +100,8 @@ ValuePtr* ValuePtr::Create(BasicType basic, CompoundType compound, unsigned int 
     ValuePtr* holder = nullptr;
     VisitElement(basic, compound, [&]<class T>(std::type_identity<T>) {
         if constexpr (!std::is_same_v<T, Entity>)
-            holder = columns == 0 ? CreateList<T>(count, status) : CreateGrid<T>(count, status);
+            holder = columns == 0 ? CreateWithRoom<T, Kind::Array1>(count, status)
+                                  : CreateWithRoom<T, Kind::Array2>(count, status);
     });
     return holder;
 }

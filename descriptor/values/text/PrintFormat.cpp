@@ -25,7 +25,7 @@ struct Conversion {
     bool LeftAligned() const { return flags.find('-') != qzString::npos; }
 
     /// For the C library: with the flags that mean something to the letter, since others are undefined there.
-    qzString Specification(char const* modifier) const {
+    qzString Format(char const* modifier) const {
         qzString text = "%";
         std::copy_if(flags.begin(), flags.end(), std::back_inserter(text), [this](char flag) {
             switch (flag) {
@@ -79,16 +79,16 @@ bool TakeConversion(char const*& at, Conversion& conversion) {
 }
 
 template <class T>
-bool AppendPrinted(qzString& out, qzString const& specification, T value) {
-    // The specification was built here, from checked parts, for exactly this argument.
+bool AppendPrinted(qzString& out, qzString const& format, T value) {
+    // This format was put together here, from checked pieces, for exactly this argument.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    int const length = std::snprintf(nullptr, 0, specification.c_str(), value);
+    int const length = std::snprintf(nullptr, 0, format.c_str(), value);
     if (length < 0)
         return false;
     std::size_t const before = out.size();
     out.resize(before + static_cast<std::size_t>(length) + 1);
-    std::snprintf(out.data() + before, static_cast<std::size_t>(length) + 1, specification.c_str(), value);
+    std::snprintf(out.data() + before, static_cast<std::size_t>(length) + 1, format.c_str(), value);
 #pragma GCC diagnostic pop
     out.pop_back();
     return true;
@@ -114,10 +114,9 @@ struct ArgumentWriter {
         unsigned long long const mask =
             value.bytes >= 8 ? ~0ULL : (1ULL << (8 * static_cast<unsigned int>(value.bytes))) - 1;
         if (IsOneOf(conversion.letter, "di"))
-            return AppendPrinted(out, conversion.Specification("ll"),
-                                 SignExtended(value.bits & mask, value.bytes));
+            return AppendPrinted(out, conversion.Format("ll"), SignExtended(value.bits & mask, value.bytes));
         if (IsOneOf(conversion.letter, "ouxX"))
-            return AppendPrinted(out, conversion.Specification("ll"), value.bits & mask);
+            return AppendPrinted(out, conversion.Format("ll"), value.bits & mask);
         if (conversion.letter == 'c' && value.isCharacter) {
             auto const character = static_cast<char>(value.bits);
             AppendPadded(out, conversion, {&character, 1});
@@ -130,7 +129,7 @@ struct ArgumentWriter {
         if (!IsOneOf(conversion.letter, "fFeEgGaA"))
             return false;
         ClassicLocale const locale;
-        return AppendPrinted(out, conversion.Specification(""), value);
+        return AppendPrinted(out, conversion.Format(""), value);
     }
 
     bool operator()(std::string_view value) const {
@@ -143,7 +142,7 @@ struct ArgumentWriter {
     }
 
     bool operator()(void const* value) const {
-        return conversion.letter == 'p' && AppendPrinted(out, conversion.Specification(""), value);
+        return conversion.letter == 'p' && AppendPrinted(out, conversion.Format(""), value);
     }
 
     static long long SignExtended(unsigned long long bits, int bytes) {
