@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -54,7 +55,8 @@ TEST(Threads, ValuesMadeOnOneThreadAreReleasedOnAnother) {
 }
 
 TEST(Threads, EveryThreadMakesAndReleasesValuesOfEveryKind) {
-    auto const work = [] {
+    std::atomic<unsigned int> lost{0};
+    auto const work = [&lost] {
         Value kept[64];
         for (unsigned int round = 0; round < 5000; ++round) {
             Value& value = kept[round % 64];
@@ -75,11 +77,17 @@ TEST(Threads, EveryThreadMakesAndReleasesValuesOfEveryKind) {
                 value = kept[(round + 7) % 64];
                 break;
             }
+            // A slot that two threads hold would show another thread's value here.
+            Value const copy(value);
+            unsigned int const* const number = copy.GetValuePointerUInt();
+            if (!(copy == value) || (round % 5 == 3 && (number == nullptr || *number != round)))
+                ++lost;
         }
     };
     std::thread threads[] = {std::thread(work), std::thread(work), std::thread(work), std::thread(work)};
     for (std::thread& thread : threads)
         thread.join();
+    EXPECT_EQ(lost, 0u);
 }
 
 } // namespace
