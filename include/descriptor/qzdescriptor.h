@@ -2,6 +2,8 @@
 
 /// The whole exported surface in one include.
 
+#include "descriptor/Allowables.h"
+#include "descriptor/BoundT.h"
 #include "descriptor/Clause.h"
 #include "descriptor/Color.h"
 #include "descriptor/DataTypeUtils.h"
