@@ -22,7 +22,7 @@ public:
                       bool visible, qzString const& description, qzString const& helpPath);
     TabularDefinition(TabularDefinition const&) = default;
     TabularDefinition(TabularDefinition&&) noexcept = default;
-    TabularDefinition& operator=(TabularDefinition const& other);
+    TabularDefinition& operator=(TabularDefinition const&) = default;
     TabularDefinition& operator=(TabularDefinition&&) noexcept = default;
     virtual ~TabularDefinition();
 
