@@ -24,8 +24,10 @@ void WriteIntoDefaults() {
 /// Makes, copies and writes values while the program ends, after other statics and the pools are done.
 struct LastWords {
     Value value;
+    std::unique_ptr<Definition> definition;
 
     ~LastWords() {
+        definition = std::make_unique<Definition>(*definition);
         Value last(value);
         qzString text;
         last.GetValueAsString(text);
@@ -50,6 +52,7 @@ int main() {
     // Never destroyed before the end: released after everything in this file.
     static std::unique_ptr<Value> const late = std::make_unique<Value>(qzString(100, 'x'));
     s_lastWords.value.SetValue(2.5);
+    s_lastWords.definition = std::make_unique<Definition>();
     WriteIntoDefaults();
     for (Value& value : s_values)
         value = LibraryValue();
