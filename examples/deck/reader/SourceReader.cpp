@@ -118,9 +118,17 @@ void SourceReader::P_ReadLines() {
             continue;
         }
         ++file.lineNumber;
-        std::string_view const text = P_WithoutTabs(TakeLine(file.rest));
-        if (P_IsEnd(text))
+        std::string_view const before = file.rest;
+        std::string_view const line = TakeLine(file.rest);
+        if (line.starts_with('$')) {
+            P_AddLine(LineFormat::Comment, line);
+            continue;
+        }
+        std::string_view const text = P_WithoutTabs(line);
+        if (P_IsEnd(text)) {
+            m_source.m_ending = before;
             return;
+        }
         P_ReadLine(text);
     }
 }
@@ -132,55 +140,57 @@ bool SourceReader::P_IsEnd(std::string_view text) const {
     return BeginsWithWord(text.starts_with(' ') ? text.substr(1) : text, "ENDDATA");
 }
 
-void SourceReader::P_ReadLine(std::string_view text) {
-    if (text.starts_with('$'))
-        return P_AddLine(LineFormat::Comment, text);
-    text = text.substr(0, text.find('$'));
+void SourceReader::P_ReadLine(std::string_view line) {
+    std::string_view const text = line.substr(0, line.find('$'));
     std::string_view const statement = Trim(text);
-    if (statement.empty())
-        return P_AddLine(LineFormat::Blank, text);
-    if (!BeginsWithWord(statement, "INCLUDE"))
-        return P_AddFieldLine(text);
-    auto const path = QuotedPath(statement);
-    if (!path) {
+    LineFormat const format = statement.empty() ? LineFormat::Blank : FormatOf(text);
+    auto const path = BeginsWithWord(statement, "INCLUDE") ? QuotedPath(statement) : std::nullopt;
+    P_AddLine(path ? LineFormat::Include : format, text);
+    m_source.m_lines.back().commentLength = static_cast<std::uint32_t>(line.size() - text.size());
+    if (path)
+        return P_Include(*path);
+    if (BeginsWithWord(statement, "INCLUDE"))
         P_Report()(Problem::IncludeWithoutPath, statement);
-        return P_AddFieldLine(text);
-    }
-    P_AddLine(LineFormat::Include, text);
-    P_Include(*path);
+    if (!statement.empty())
+        P_CutFields();
 }
 
 void SourceReader::P_Include(std::string_view path) {
-    LineReporter const report = P_Report();
-    if (m_open.size() > s_maximalIncludeDepth)
-        return report(Problem::DeepInclude, path);
-    if (m_source.m_files.size() > s_maximalIncludeCount)
-        return report(Problem::TooManyIncludes, path);
     fs::path const folder = fs::path(m_source.m_files[m_open.back().index].path).parent_path();
     fs::path const target = (folder / fs::path(path)).lexically_normal();
-    std::error_code error;
-    if (m_openIdentities.contains(fs::weakly_canonical(target, error).string()))
-        return report(Problem::CyclicInclude, path);
-    if (!P_Open(target))
-        report(Problem::MissingInclude, path);
+    if (auto const problem = P_Follow(target)) {
+        m_source.m_lines.back().format = LineFormat::FailedInclude;
+        P_Report()(*problem, path);
+    }
 }
 
-void SourceReader::P_AddFieldLine(std::string_view text) {
-    LineFormat const format = FormatOf(text);
-    if (format == LineFormat::Free) {
-        auto const placed = m_freeLines.Cut(text, P_Report()).Placed();
-        P_AddLine(format, text);
-        m_source.m_lines.back().tokenCount = static_cast<std::uint8_t>(placed.size());
-        m_source.m_tokens.insert(m_source.m_tokens.end(), placed.begin(), placed.end());
-    } else {
-        P_AddLine(format, text);
-    }
-    P_CheckName(m_source.m_lines.back());
+/// What hinders a file from being read here, if anything does.
+std::optional<Problem> SourceReader::P_Follow(fs::path const& target) {
+    if (m_open.size() > s_maximalIncludeDepth)
+        return Problem::DeepInclude;
+    if (m_source.m_files.size() > s_maximalIncludeCount)
+        return Problem::TooManyIncludes;
+    std::error_code error;
+    if (m_openIdentities.contains(fs::weakly_canonical(target, error).string()))
+        return Problem::CyclicInclude;
+    return P_Open(target) ? std::nullopt : std::optional(Problem::MissingInclude);
 }
 
 void SourceReader::P_AddLine(LineFormat format, std::string_view text) {
     auto const firstToken = static_cast<std::uint32_t>(m_source.m_tokens.size());
-    m_source.m_lines.push_back({text, m_open.back().index, m_open.back().lineNumber, firstToken, format, 0});
+    m_source.m_lines.push_back(
+        {text, 0, m_open.back().index, m_open.back().lineNumber, firstToken, format, 0});
+}
+
+/// Of the line that was added last.
+void SourceReader::P_CutFields() {
+    Line& line = m_source.m_lines.back();
+    if (line.format == LineFormat::Free) {
+        auto const placed = m_freeLines.Cut(line.text, P_Report()).Placed();
+        line.tokenCount = static_cast<std::uint8_t>(placed.size());
+        m_source.m_tokens.insert(m_source.m_tokens.end(), placed.begin(), placed.end());
+    }
+    P_CheckName(line);
 }
 
 void SourceReader::P_CheckName(Line const& line) const {

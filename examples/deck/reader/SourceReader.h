@@ -37,10 +37,11 @@ private:
     void P_SkipHeader();
     void P_ReadLines();
     bool P_IsEnd(std::string_view text) const;
-    void P_ReadLine(std::string_view text);
+    void P_ReadLine(std::string_view line);
     void P_Include(std::string_view path);
-    void P_AddFieldLine(std::string_view text);
+    std::optional<Problem> P_Follow(std::filesystem::path const& target);
     void P_AddLine(LineFormat format, std::string_view text);
+    void P_CutFields();
     void P_CheckName(Line const& line) const;
     std::string_view P_WithoutTabs(std::string_view text);
     LineReporter P_Report() const;
