@@ -58,6 +58,24 @@ TEST(Command, AWrongCallIsStatusTwo) {
     EXPECT_EQ(Call(folder, "--help").status, 0);
 }
 
+TEST(Command, WriteReplacesAFileAsAWholeOrNotAtAll) {
+    DeckFolder const folder;
+    std::string const deck = folder.Write("deck.bdf", "X,1\nINCLUDE 'part.bdf'\n");
+    std::string const part = folder.Write("part.bdf", "X,2\n");
+    std::string const old = folder.Write("old.bdf", "old");
+    auto const write = [&](std::string const& output) {
+        return Call(folder, "write \"" + deck + "\" -o \"" + output + "\"").status;
+    };
+    EXPECT_EQ(write(old), 0);
+    EXPECT_EQ(ReadFile(old), "X       1\n$ INCLUDE 'part.bdf'\nX       2\n");
+    for (std::string const& output : {deck, part, (folder.Path() / "." / "part.bdf").string(),
+                                      folder.Path().string(), (folder.Path() / "none" / "x").string()})
+        EXPECT_EQ(write(output), 2) << output;
+    EXPECT_EQ(ReadFile(part), "X,2\n");
+    for (auto const& entry : std::filesystem::directory_iterator(folder.Path()))
+        EXPECT_NE(entry.path().extension(), ".part") << entry;
+}
+
 TEST(Command, ShowTellsWhatTheFootbridgeIs) {
     DeckFolder const folder;
     Outcome const shown = Call(folder, "show \"" + OwnDeck("footbridge.bdf") + "\"");

@@ -72,6 +72,8 @@ FieldSpec& FieldSpec::Names(Family family) {
 }
 
 FieldSpec& FieldSpec::With(FieldFlag flag) {
+    if (flag == FIELD_IS_ID)
+        m_definition.SetEditable(false); // what refers to the card would not follow
     DefinitionUserParams params = m_definition.GetUserParams();
     params.SetFlag(params.GetFlag() | flag);
     m_definition.SetUserParams(params);

@@ -76,13 +76,13 @@ public:
     DataFields Data(Line const& line) const;
     /// Field 10, trimmed.
     std::string_view TenthField(Line const& line) const;
+    /// All fields of a free line, generators expanded.
+    std::span<std::string_view const> Tokens(Line const& line) const {
+        return {m_tokens.data() + line.firstToken, line.tokenCount};
+    }
 
 private:
     friend class SourceReader;
-
-    std::span<std::string_view const> P_Tokens(Line const& line) const {
-        return {m_tokens.data() + line.firstToken, line.tokenCount};
-    }
 
     std::deque<SourceFile> m_files;
     std::deque<std::string> m_expanded; // lines whose tabs became blanks

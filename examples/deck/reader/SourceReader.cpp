@@ -55,9 +55,25 @@ std::string ExpandTabs(std::string_view text) {
     return expanded;
 }
 
-/// The path of an INCLUDE statement.
-std::optional<std::string_view> QuotedPath(std::string_view statement) {
+LineFormat FormatOf(std::string_view text) {
+    if (text.starts_with('=') || text.substr(0, 10).find(',') != std::string_view::npos)
+        return LineFormat::Free;
+    return text.substr(0, 8).find('*') != std::string_view::npos ? LineFormat::Large : LineFormat::Small;
+}
+
+} // namespace
+
+bool IsEndOfDeck(std::string_view line) {
+    return BeginsWithWord(line.starts_with(' ') ? line.substr(1) : line, "ENDDATA");
+}
+
+bool IsBeginOfBulk(std::string_view line) { return BeginsWithWord(Trim(line), "BEGIN"); }
+
+std::optional<std::string_view> IncludedPath(std::string_view line) {
     constexpr std::string_view keyword = "INCLUDE";
+    std::string_view const statement = Trim(line);
+    if (!BeginsWithWord(statement, keyword))
+        return std::nullopt;
     std::string_view const rest = statement.substr(keyword.size());
     std::string_view const quoted = Trim(rest);
     std::size_t const end = quoted.find('\'', 1);
@@ -66,13 +82,9 @@ std::optional<std::string_view> QuotedPath(std::string_view statement) {
     return quoted.substr(1, end - 1);
 }
 
-LineFormat FormatOf(std::string_view text) {
-    if (text.starts_with('=') || text.substr(0, 10).find(',') != std::string_view::npos)
-        return LineFormat::Free;
-    return text.substr(0, 8).find('*') != std::string_view::npos ? LineFormat::Large : LineFormat::Small;
+fs::path IncludeTarget(SourceFile const& file, std::string_view path) {
+    return (fs::path(file.path).parent_path() / fs::path(path)).lexically_normal();
 }
-
-} // namespace
 
 std::optional<Source> SourceReader::Read(std::string const& path, Reports& reports) {
     SourceReader reader(reports);
@@ -101,7 +113,7 @@ void SourceReader::P_SkipHeader() {
     OpenFile scan = main;
     while (!scan.rest.empty()) {
         ++scan.lineNumber;
-        if (!BeginsWithWord(Trim(TakeLine(scan.rest)), "BEGIN"))
+        if (!IsBeginOfBulk(TakeLine(scan.rest)))
             continue;
         m_source.m_header = main.rest.substr(0, main.rest.size() - scan.rest.size());
         main = scan;
@@ -125,7 +137,7 @@ void SourceReader::P_ReadLines() {
             continue;
         }
         std::string_view const text = P_WithoutTabs(line);
-        if (P_IsEnd(text)) {
+        if (m_open.size() == 1 && IsEndOfDeck(text)) { // an included file does not end those who include it
             m_source.m_ending = before;
             return;
         }
@@ -133,18 +145,11 @@ void SourceReader::P_ReadLines() {
     }
 }
 
-/// ENDDATA ends the main file; an included file cannot end the deck of those who include it.
-bool SourceReader::P_IsEnd(std::string_view text) const {
-    if (m_open.size() > 1)
-        return false;
-    return BeginsWithWord(text.starts_with(' ') ? text.substr(1) : text, "ENDDATA");
-}
-
 void SourceReader::P_ReadLine(std::string_view line) {
     std::string_view const text = line.substr(0, line.find('$'));
     std::string_view const statement = Trim(text);
     LineFormat const format = statement.empty() ? LineFormat::Blank : FormatOf(text);
-    auto const path = BeginsWithWord(statement, "INCLUDE") ? QuotedPath(statement) : std::nullopt;
+    auto const path = IncludedPath(text);
     P_AddLine(path ? LineFormat::Include : format, text);
     m_source.m_lines.back().commentLength = static_cast<std::uint32_t>(line.size() - text.size());
     if (path)
@@ -156,8 +161,7 @@ void SourceReader::P_ReadLine(std::string_view line) {
 }
 
 void SourceReader::P_Include(std::string_view path) {
-    fs::path const folder = fs::path(m_source.m_files[m_open.back().index].path).parent_path();
-    fs::path const target = (folder / fs::path(path)).lexically_normal();
+    fs::path const target = IncludeTarget(m_source.m_files[m_open.back().index], path);
     if (auto const problem = P_Follow(target)) {
         m_source.m_lines.back().format = LineFormat::FailedInclude;
         P_Report()(*problem, path);
