@@ -16,6 +16,11 @@ void TakeDeckAndOutput(CLI::App& command, Arguments& arguments) {
     command.add_option("-o,--output", arguments.output, "The file to write")->required();
 }
 
+void TakeCard(CLI::App& command, Arguments& arguments) {
+    command.add_option("CARD", arguments.card, "The name of a card; all of them without it");
+    command.add_flag("--markdown", arguments.isMarkdown, "As Markdown instead of text");
+}
+
 struct Command {
     char const* name;
     char const* purpose;
@@ -25,6 +30,7 @@ struct Command {
 constexpr Command s_commands[] = {
     {"show", "Tell what a deck holds", TakeDeck, qzDeck::Show},
     {"facts", "Print counts and sums of a deck as JSON", TakeDeck, qzDeck::PrintFacts},
+    {"describe", "Tell what the fields of a card are", TakeCard, qzDeck::DescribeCards},
     {"write", "Write a deck anew, as one file", TakeDeckAndOutput, qzDeck::Write},
 };
 

@@ -49,7 +49,8 @@ TEST(Command, AWrongCallIsStatusTwo) {
     for (std::string const& arguments :
          {std::string(), std::string("facts"), "facts \"" + deck + "\" more", "count \"" + deck + "\"",
           "facts --fast \"" + deck + "\"", "facts \"" + deck + ".none\"",
-          "show \"" + folder.Path().string() + "\""}) {
+          "show \"" + folder.Path().string() + "\"", "write \"" + deck + "\"",
+          std::string("describe NONE")}) {
         Outcome const outcome = Call(folder, arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_EQ(outcome.output, "") << arguments;
@@ -74,6 +75,14 @@ TEST(Command, WriteReplacesAFileAsAWholeOrNotAtAll) {
     EXPECT_EQ(ReadFile(part), "X,2\n");
     for (auto const& entry : std::filesystem::directory_iterator(folder.Path()))
         EXPECT_NE(entry.path().extension(), ".part") << entry;
+}
+
+TEST(Command, DescribeTellsOfOneCardOrOfAll) {
+    DeckFolder const folder;
+    EXPECT_EQ(Call(folder, "describe grid").output.substr(0, 17), "GRID: Grid point\n");
+    std::string const all = Call(folder, "describe --markdown").output;
+    for (char const* title : {"## GRID: ", "\n\n## MAT1: ", "\n\n## EIGRL: "})
+        EXPECT_NE(all.find(title), std::string::npos) << title;
 }
 
 TEST(Command, ShowTellsWhatTheFootbridgeIs) {

@@ -223,11 +223,13 @@ TailSpec Stations(std::vector<FieldSpec> fields) {
 }
 
 TailSpec Groups(std::vector<FieldSpec> fields) {
-    constexpr std::size_t points = 2;
+    constexpr unsigned int dimensions[] = {1, 1, 2, 0, 1, 1, 0, 0};
+    constexpr std::size_t countWithPosition = 3;
     TailSpec tail = Repeated(std::move(fields));
     tail.tail = &WeightedGroups();
-    tail.fields[points].Dimension(2);
-    for (std::size_t i = points + 1; i < tail.fields.size(); ++i)
+    for (std::size_t i = 0; i < tail.fields.size(); ++i)
+        tail.fields[i].Dimension(dimensions[i]);
+    for (std::size_t i = countWithPosition; i < tail.fields.size(); ++i)
         tail.fields[i].WithoutPosition();
     return tail;
 }
