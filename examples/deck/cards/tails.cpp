@@ -131,13 +131,16 @@ private:
                 P_Begin(AlphaWord, 0);
             else if (m_part == Point && value != nullptr && value->GetBasicType() == qzDescriptor::BT_DOUBLE)
                 P_Begin(Weight, m_row + 1);
+            bool const isBlank = value == nullptr || value->GetBasicType() == qzDescriptor::BT_NONE;
+            if (m_part == UmPoint)
+                m_isPair = m_row == 0 || !isBlank;
         }
         PlacedField Placed(Fields fields) const {
-            bool const isRepeated = m_part < UmWord || m_part == UmPoint || m_part == UmComponents;
-            bool const isExtra = m_part == Point ? m_column > 0 : m_part >= UmPoint && m_row > 0;
-            return {&fields[m_part], isRepeated ? m_row : PlacedField::s_single,
+            bool const isPairPart = m_part == UmPoint || m_part == UmComponents;
+            bool const isMeant = m_part == Point ? m_column == 0 : !isPairPart || m_isPair;
+            return {&fields[m_part], m_part < UmWord || isPairPart ? m_row : PlacedField::s_single,
                     m_part == Point ? m_column : PlacedField::s_single,
-                    !isExtra && IsRequired(fields[m_part])};
+                    isMeant && IsRequired(fields[m_part])};
         }
         void Advance() {
             m_row += m_part == UmComponents ? 1U : 0U;
@@ -160,6 +163,7 @@ private:
         Part m_part = Weight;
         unsigned int m_row = 0;
         unsigned int m_column = 0;
+        bool m_isPair = false;
         bool m_isComplete = false;
     };
 };

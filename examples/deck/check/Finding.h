@@ -21,6 +21,9 @@ struct Finding {
 };
 using Findings = std::vector<Finding>;
 
+/// `file:line` of a card; `a new card` for one that was not read.
+std::string WhereIs(Card const& card, Model const& model);
+
 /// `file:line: CARD FIELD value: message`; without the value when the field is blank.
 std::string Describe(Finding const& finding, Model const& model);
 

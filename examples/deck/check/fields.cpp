@@ -28,7 +28,6 @@ bool AreComponents(int digits) {
     return digits == 0;
 }
 
-/// What a field holds and what it should hold.
 std::string_view NounFor(BasicType type) {
     switch (type) {
     case qzDescriptor::BT_INT:

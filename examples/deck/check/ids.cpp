@@ -61,9 +61,7 @@ private:
 
     void P_Report(Card const& card, std::size_t place, Card const& first, std::string const& reason) {
         bool const isSame = card.Name() == first.Name() && card.Values() == first.Values();
-        Line const& line = *m_model.LinesOf(first).front();
-        std::string const where =
-            first.Name() + " at " + Location(m_model.GetSource(), line.file, line.number);
+        std::string const where = first.Name() + " at " + WhereIs(first, m_model);
         card.Place(m_placed);
         m_findings.push_back({isSame ? Finding::Warning : Finding::DuplicateId, &card, place,
                               m_placed[place].Label(place),

@@ -14,7 +14,7 @@ inline bool HasSeveralIds(CardDefinition const* definition) {
 }
 
 /// Visits the ids of a card: `visit(place, endsRange)`. It is the first field of most cards; where there are
-/// several, a word between two ids makes them a range.
+/// several, a range stands between two of them.
 template <class Visit>
 void VisitIds(Card const& card, PlacedFields& placed, Visit const& visit) {
     auto const& values = card.Values();
@@ -25,14 +25,14 @@ void VisitIds(Card const& card, PlacedFields& placed, Visit const& visit) {
         return;
     }
     card.Place(placed);
-    bool followsWord = false;
+    bool endsRange = false;
     for (std::size_t place = 0; place < values.size(); ++place) {
         Field const* const field = placed[place].field;
         if (field == nullptr || values[place].GetValuePtr() == nullptr)
             continue;
         if (HasFlag(*field, FIELD_IS_ID) && isInteger(place))
-            visit(place, followsWord);
-        followsWord = HasFlag(*field, FIELD_IS_WORD);
+            visit(place, endsRange);
+        endsRange = HasFlag(*field, FIELD_IS_RANGE);
     }
 }
 
