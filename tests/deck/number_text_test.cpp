@@ -67,7 +67,7 @@ Rounded Round(double number, int digitCount) {
 TEST(RealTexts, ReadBackAsNearAsTheirColumnsAllow) {
     std::mt19937_64 random(5);
     int inexact = 0;
-    for (int round = 0; round < 50000; ++round) {
+    for (int round = 0; round < 20000; ++round) {
         std::size_t const columns = 8 + random() % 17;
         auto const mantissa = static_cast<double>(1 + (random() >> (11 + random() % 50)));
         int const range = round % 2 == 0 ? 10 : 280;
@@ -85,7 +85,7 @@ TEST(RealTexts, ReadBackAsNearAsTheirColumnsAllow) {
         ASSERT_LE(std::abs(ReadReal(text) - number), best) << text << " " << number << " in " << columns;
         inexact += best > 0 ? 1 : 0;
     }
-    EXPECT_GT(inexact, 10000);
+    EXPECT_GT(inexact, 4000);
 }
 
 } // namespace

@@ -175,7 +175,7 @@ TEST(Writer, KeepsTheContentsOfRandomDecks) {
     DeckFolder const folder;
     RandomDeck deck{std::mt19937(2024)};
     std::size_t orphans = 0;
-    for (int round = 0; round < 1500; ++round) {
+    for (int round = 0; round < 600; ++round) {
         std::string text;
         for (auto count = 2 + deck.random() % 12; count > 0; --count)
             text += deck.Line() + "\n";
@@ -185,7 +185,7 @@ TEST(Writer, KeepsTheContentsOfRandomDecks) {
         ASSERT_EQ(Contents(again), Contents(model)) << text << "written as\n" << written;
         orphans += model.Orphans().size();
     }
-    EXPECT_GT(orphans, 1000U);
+    EXPECT_GT(orphans, 400U);
 }
 
 std::string FactsOf(Model const& model) { return ToJson(CollectFacts(model)); }

@@ -11,8 +11,8 @@ namespace qzDeck {
 
 using namespace qzDescriptor;
 
-FieldSpec::FieldSpec(std::string name, std::string displayName, BasicType type)
-    : m_name(std::move(name)),
+FieldSpec::FieldSpec(std::string const& name, std::string const& displayName, BasicType type)
+    : m_name(name),
       m_definition(displayName, type, CT_SCALAR, 0, Allowables(), Definition::SOURCE_STORED,
                    Definition::SPECIFICATION_OPTIONAL, true, true, qzString(), qzString(),
                    UnitsDimensionality(), Definition::DIFFERENTIATOR_NONE, DefinitionUserParams()) {}
@@ -153,48 +153,48 @@ Field FieldSpec::P_Make(std::size_t place) const {
     return field;
 }
 
-FieldSpec Integer(std::string name, std::string displayName) {
-    return FieldSpec(std::move(name), std::move(displayName), BT_INT);
+FieldSpec Integer(std::string const& name, std::string const& displayName) {
+    return FieldSpec(name, displayName, BT_INT);
 }
 
-FieldSpec Real(std::string name, std::string displayName) {
-    return FieldSpec(std::move(name), std::move(displayName), BT_DOUBLE);
+FieldSpec Real(std::string const& name, std::string const& displayName) {
+    return FieldSpec(name, displayName, BT_DOUBLE);
 }
 
-FieldSpec Real(std::string name, std::string displayName, Unit unit) {
-    return Real(std::move(name), std::move(displayName)).In(unit);
+FieldSpec Real(std::string const& name, std::string const& displayName, Unit unit) {
+    return Real(name, displayName).In(unit);
 }
 
-FieldSpec Text(std::string name, std::string displayName) {
-    return FieldSpec(std::move(name), std::move(displayName), BT_STRING);
+FieldSpec Text(std::string const& name, std::string const& displayName) {
+    return FieldSpec(name, displayName, BT_STRING);
 }
 
-FieldSpec Anything(std::string name, std::string displayName) {
-    return FieldSpec(std::move(name), std::move(displayName), BT_NONE);
+FieldSpec Anything(std::string const& name, std::string const& displayName) {
+    return FieldSpec(name, displayName, BT_NONE);
 }
 
-FieldSpec Choice(std::string name, std::string displayName, std::vector<std::string> words) {
-    return Text(std::move(name), std::move(displayName)).OneOf(std::move(words));
+FieldSpec Choice(std::string const& name, std::string const& displayName, std::vector<std::string> words) {
+    return Text(name, displayName).OneOf(std::move(words));
 }
 
-FieldSpec Components(std::string name, std::string displayName) {
-    return Integer(std::move(name), std::move(displayName)).With(FIELD_IS_COMPONENTS);
+FieldSpec Components(std::string const& name, std::string const& displayName) {
+    return Integer(name, displayName).With(FIELD_IS_COMPONENTS);
 }
 
-FieldSpec Id(std::string name, std::string displayName) {
-    return SetId(std::move(name), std::move(displayName)).With(FIELD_IS_ID);
+FieldSpec Id(std::string const& name, std::string const& displayName) {
+    return SetId(name, displayName).With(FIELD_IS_ID);
 }
 
-FieldSpec SetId(std::string name, std::string displayName) {
-    return Integer(std::move(name), std::move(displayName)).Above(0).Required();
+FieldSpec SetId(std::string const& name, std::string const& displayName) {
+    return Integer(name, displayName).Above(0).Required();
 }
 
-FieldSpec Reference(std::string name, std::string displayName, Family family) {
-    return Integer(std::move(name), std::move(displayName)).AtLeast(0).Names(family);
+FieldSpec Reference(std::string const& name, std::string const& displayName, Family family) {
+    return Integer(name, displayName).AtLeast(0).Names(family);
 }
 
-FieldSpec Word(std::string const& word, std::string displayName) {
-    return Choice(word, std::move(displayName), {word});
+FieldSpec Word(std::string const& word, std::string const& displayName) {
+    return Choice(word, displayName, {word});
 }
 
 FieldSpec Range() {

@@ -28,7 +28,7 @@ namespace qzDeck {
 /// A field in the making, with the alternatives at its place.
 class FieldSpec {
 public:
-    FieldSpec(std::string name, std::string displayName, qzDescriptor::BasicType type);
+    FieldSpec(std::string const& name, std::string const& displayName, qzDescriptor::BasicType type);
 
     // What a number may be.
     FieldSpec& Above(double bound) { return P_Bound(bound, Rule::Greater); }
@@ -80,22 +80,22 @@ private:
     std::vector<FieldSpec> m_alternatives;
 };
 
-FieldSpec Integer(std::string name, std::string displayName);
-FieldSpec Real(std::string name, std::string displayName);
-FieldSpec Real(std::string name, std::string displayName, Unit unit);
-FieldSpec Text(std::string name, std::string displayName);
+FieldSpec Integer(std::string const& name, std::string const& displayName);
+FieldSpec Real(std::string const& name, std::string const& displayName);
+FieldSpec Real(std::string const& name, std::string const& displayName, Unit unit);
+FieldSpec Text(std::string const& name, std::string const& displayName);
 /// An integer, a real number or a text.
-FieldSpec Anything(std::string name, std::string displayName);
-FieldSpec Choice(std::string name, std::string displayName, std::vector<std::string> words);
-FieldSpec Components(std::string name, std::string displayName);
+FieldSpec Anything(std::string const& name, std::string const& displayName);
+FieldSpec Choice(std::string const& name, std::string const& displayName, std::vector<std::string> words);
+FieldSpec Components(std::string const& name, std::string const& displayName);
 /// The card's own number.
-FieldSpec Id(std::string name, std::string displayName);
+FieldSpec Id(std::string const& name, std::string const& displayName);
 /// The number of a set, which many cards share.
-FieldSpec SetId(std::string name, std::string displayName);
+FieldSpec SetId(std::string const& name, std::string const& displayName);
 /// The number of a member of a family. Unless it is required, 0 is none.
-FieldSpec Reference(std::string name, std::string displayName, Family family);
+FieldSpec Reference(std::string const& name, std::string const& displayName, Family family);
 /// A word that may stand in place of a number.
-FieldSpec Word(std::string const& word, std::string displayName);
+FieldSpec Word(std::string const& word, std::string const& displayName);
 /// The word THRU between two ids.
 FieldSpec Range();
 FieldSpec Gap(std::size_t places = 1);

@@ -28,20 +28,20 @@ constexpr Names s_loadSets = {"ACCEL",  "ACCEL1",  "FORCE",   "FORCE1", "FORCE2"
 constexpr Names s_constraintSets = {"SPC", "SPC1", "SPCAX"};
 
 constexpr FamilyTraits s_families[] = {
-    {Family::Points, "GRID", "grid point", true, s_points},
-    {Family::ScalarPoints, "SPOINT", "point", false, s_points},
-    {Family::Systems, "CORD", "coordinate system", true, s_systems},
-    {Family::Elements, "ELEMENT", "element", true, s_elements},
-    {Family::ShellProperties, "PSHELL|PCOMP", "shell property", true, s_shellProperties},
-    {Family::BarProperties, "PBAR|PBARL", "bar property", true, s_barProperties},
-    {Family::BeamProperties, "PBEAM|PBEAML", "beam property", true, s_beamProperties},
-    {Family::RodProperties, "PROD", "rod property", true, s_rodProperties},
-    {Family::SolidProperties, "PSOLID", "solid property", true, s_solidProperties},
-    {Family::OldQuadProperties, "PQUAD2", "plate property", true, s_oldQuadProperties},
-    {Family::OldTriangleProperties, "PTRIA2", "plate property", true, s_oldTriangleProperties},
-    {Family::Materials, "MAT", "material", true, s_materials},
-    {Family::LoadSets, "LOADS", "load set", false, s_loadSets},
-    {Family::ConstraintSets, "SPC|SPC1", "set of constraints", false, s_constraintSets},
+    {"GRID", "grid point", s_points, Family::Points, true},
+    {"SPOINT", "point", s_points, Family::ScalarPoints, false},
+    {"CORD", "coordinate system", s_systems, Family::Systems, true},
+    {"ELEMENT", "element", s_elements, Family::Elements, true},
+    {"PSHELL|PCOMP", "shell property", s_shellProperties, Family::ShellProperties, true},
+    {"PBAR|PBARL", "bar property", s_barProperties, Family::BarProperties, true},
+    {"PBEAM|PBEAML", "beam property", s_beamProperties, Family::BeamProperties, true},
+    {"PROD", "rod property", s_rodProperties, Family::RodProperties, true},
+    {"PSOLID", "solid property", s_solidProperties, Family::SolidProperties, true},
+    {"PQUAD2", "plate property", s_oldQuadProperties, Family::OldQuadProperties, true},
+    {"PTRIA2", "plate property", s_oldTriangleProperties, Family::OldTriangleProperties, true},
+    {"MAT", "material", s_materials, Family::Materials, true},
+    {"LOADS", "load set", s_loadSets, Family::LoadSets, false},
+    {"SPC|SPC1", "set of constraints", s_constraintSets, Family::ConstraintSets, false},
 };
 
 } // namespace

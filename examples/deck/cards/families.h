@@ -29,11 +29,11 @@ enum class Family : std::uint32_t {
 };
 
 struct FamilyTraits {
-    Family family;
     std::string_view label;                  ///< what references to it are called: `PBAR|PBARL`
     std::string_view noun;                   ///< of one member: `bar property`
-    bool hasUniqueIds;                       ///< a set of loads has many cards of one id
     std::span<std::string_view const> cards; ///< declared ones and others; each begins with its id
+    Family family;
+    bool hasUniqueIds; ///< a set of loads has many cards of one id
 };
 
 /// All but None.

@@ -13,7 +13,6 @@ namespace qzDeck {
 
 using qzDescriptor::Allowables;
 using qzDescriptor::BoundT;
-using qzDescriptor::Definition;
 using qzDescriptor::UnitsDimensionality;
 using qzDescriptor::Value;
 
@@ -24,7 +23,7 @@ constexpr Row::size_type s_last = std::tuple_size_v<Row> - 1;
 
 Row Heading() { return {"Field", "Line", "Columns", "Type", "Blank", "Allowed", "Measures", "Meaning"}; }
 
-std::string Join(std::string first, std::string const& separator, std::string const& second) {
+std::string Join(std::string const& first, std::string const& separator, std::string const& second) {
     return first.empty() ? second : second.empty() ? first : first + separator + second;
 }
 
