@@ -281,6 +281,8 @@ public:
     Allowables& AddToList(Color const& value, qzString const& name);
     Allowables& AddToList(EntityFullType const& value, qzString const& name);
     Allowables& AddToList(Qualifier const& value, qzString const& name);
+    template <class T>
+    Allowables& AddToList(T* value, qzString const& name) = delete;
     /// Removes one entry, or all of them for index 0xFFFFFFFF. The default stays the same entry; when it
     /// goes, the first entry becomes the default.
     bool RemoveFromList(unsigned int index);
@@ -337,6 +339,8 @@ public:
     bool GetAsString([[maybe_unused]] qzString& text) const { return false; }
 
 private:
+    static bool P_IsGenericTestEnforced();
+
     AllowablesData* m_data = nullptr;
 };
 

@@ -96,6 +96,13 @@ struct Samples<Entity> {
 };
 
 template <>
+struct Samples<EntityFullType> {
+    static EntityFullType Make(int k) {
+        return k == 0 ? EntityFullType(4) : EntityFullType("GRID", static_cast<unsigned int>(k - 1));
+    }
+};
+
+template <>
 struct Samples<Formula> {
     static Formula Make(int k) {
         Formula formula{EntityFullType("GRID")};

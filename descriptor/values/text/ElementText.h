@@ -15,4 +15,8 @@ namespace qzDescriptor {
 QZ_ELEMENT_TYPES(QZ_DECLARE_ELEMENT_TEXT)
 #undef QZ_DECLARE_ELEMENT_TEXT
 
+// Entity types are written as in the text of their entities: the type, and the subtype where there is one.
+bool AppendText(qzString& out, EntityFullType const& value, char const* format);
+bool ReadText(qzString const& text, char const* format, EntityFullType& value);
+
 } // namespace qzDescriptor

@@ -10,9 +10,9 @@
 
 namespace qzDescriptor {
 
-// Entities and qualifiers are written as some keys, each a number or a name, and then some integers. The last
-// key, the subtype, is left out where there is none. Names are written as they are; one that holds blanks, or
-// looks like a number, does not read back.
+// Entities, their types and qualifiers are written as some keys, each a number or a name, and then some
+// integers. The last key, the subtype, is left out where there is none. Names are written as they are; one
+// that holds blanks, or looks like a number, does not read back.
 
 namespace {
 
@@ -37,7 +37,7 @@ struct Key {
     }
 };
 
-/// An entity or a qualifier taken apart.
+/// An entity, a type or a qualifier taken apart.
 struct Record {
     std::vector<Key> keys;
     std::vector<long long> numbers;
@@ -51,6 +51,7 @@ struct Shape {
     bool Has(std::size_t fields) const { return fields == keys + numbers || fields + 1 == keys + numbers; }
 };
 
+constexpr Shape s_typeShape{2, 0};      // type, subtype
 constexpr Shape s_entityShape{2, 1};    // type, subtype; id
 constexpr Shape s_qualifierShape{3, 3}; // key, type, subtype; solver index, row, column
 
@@ -218,6 +219,18 @@ bool AppendRecordIn(qzString& out, char const* format, Record const& record, boo
 }
 
 } // namespace
+
+bool AppendText(qzString& out, EntityFullType const& value, char const* format) {
+    Record const record{{TypeKey(value), SubtypeKey(value)}, {}};
+    return AppendRecordIn(out, format, record, value.HaveSubType());
+}
+
+bool ReadText(qzString const& text, char const* format, EntityFullType& value) {
+    static auto const& forms = *new std::vector<ScanFormat>(MakeForms(s_typeShape));
+    Record record;
+    return ReadRecordIn(text, format, s_typeShape, forms, record) &&
+           MakeType(record.keys[0], record.keys[1], value);
+}
 
 bool AppendText(qzString& out, Entity const& value, char const* format) {
     EntityFullType const& type = value.GetEntityFullType();
