@@ -10,6 +10,8 @@ foreach(folder include/descriptor platform/qzutl/include/qzutl platform/qzdistri
 endforeach()
 install(FILES ${PROJECT_BINARY_DIR}/include/descriptor/Export.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/descriptor)
+install(FILES ${PROJECT_BINARY_DIR}/include/qzdistribution/Export.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qzdistribution)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qzdescriptor)
 install(EXPORT qzdescriptorTargets NAMESPACE qzdescriptor:: DESTINATION ${package_dir})
