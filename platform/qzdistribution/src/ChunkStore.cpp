@@ -1,5 +1,6 @@
 #include "ChunkStore.h"
 
+#include <iterator>
 #include <vector>
 
 namespace qzdt {
@@ -46,7 +47,7 @@ void ChunkStore::Forget(unsigned int column) {
 void ChunkStore::Forget() {
     m_chunks.clear();
     m_places.clear();
-    m_bytes = 0;
+    m_keptSize = 0;
     m_changeCount = 0;
 }
 
@@ -61,15 +62,16 @@ bool ChunkStore::P_IsKept(std::int64_t key) {
 }
 
 void ChunkStore::P_Keep(std::int64_t key, std::string_view bytes) {
-    while (m_bytes > s_mostBytes && !m_chunks.back().changed)
+    while (m_keptSize > s_mostKept && !m_chunks.back().changed)
         P_Drop(std::prev(m_chunks.end()));
-    m_chunks.push_front({key, qzString(bytes)});
-    m_places.emplace(key, m_chunks.begin());
-    m_bytes += bytes.size();
+    std::list<Cached> kept(1, {key, qzString(bytes)});
+    m_places.emplace(key, kept.begin());
+    m_chunks.splice(m_chunks.begin(), kept); // when memory runs out, it does before
+    m_keptSize += P_Size(m_chunks.front());
 }
 
 void ChunkStore::P_Drop(Place place) {
-    m_bytes -= place->bytes.size();
+    m_keptSize -= P_Size(*place);
     m_changeCount -= place->changed ? 1 : 0;
     m_places.erase(place->key);
     m_chunks.erase(place);

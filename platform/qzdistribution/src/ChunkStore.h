@@ -49,16 +49,16 @@ public:
         unsigned int const rows = column.GetRowsOfChunk(row / s_chunkRows);
         if (Chunk<T>::GetSizeAfterSet(chunk->bytes, rows, row % s_chunkRows, value) > s_largestChunk)
             return m_connection.Fail(s_tooLong);
-        m_bytes -= chunk->bytes.size();
+        std::uint64_t const size = P_Size(*chunk);
         Chunk<T>::Set(chunk->bytes, rows, row % s_chunkRows, value);
-        m_bytes += chunk->bytes.size();
+        m_keptSize += P_Size(*chunk) - size;
         P_MarkChanged(*chunk);
         return true;
     }
 
     bool HasChanges() const { return m_changeCount != 0; }
     /// Whether there is room for the next cell only when changes are written first.
-    bool MustWrite() const { return m_bytes > s_mostBytes && m_chunks.back().changed; }
+    bool MustWrite() const { return m_keptSize > s_mostKept && m_chunks.back().changed; }
     bool WriteChanges();
     /// To be said when what was written will stay.
     void ForgetChanges();
@@ -101,11 +101,16 @@ private:
     };
     using Place = std::list<Cached>::iterator;
 
-    static constexpr std::uint64_t s_mostBytes = 16u << 20;
+    static constexpr std::uint64_t s_mostKept = 16u << 20;
     // Far below what SQLite can hold, so that whatever is accepted can be written.
     static constexpr std::uint64_t s_largestChunk = 1u << 29;
     static constexpr char const* s_tooLong = "The texts of neighbouring rows are too long together.";
     static constexpr char const* s_damaged = "The database is damaged: rows of a column are missing.";
+
+    // Small chunks count for more than they are, so that there are never very many.
+    static std::uint64_t P_Size(Cached const& chunk) {
+        return std::max<std::uint64_t>(chunk.bytes.size(), 4096);
+    }
 
     static std::int64_t P_Key(unsigned int column, unsigned int number) {
         return std::int64_t{column} << 32 | number;
@@ -150,7 +155,7 @@ private:
 
     std::list<Cached> m_chunks; // the one used last is the first
     std::unordered_map<std::int64_t, Place> m_places;
-    std::uint64_t m_bytes = 0;
+    std::uint64_t m_keptSize = 0;
     std::size_t m_changeCount = 0;
     qzString m_encoded;
 };

@@ -120,10 +120,15 @@ bool Database::P_WriteCells() {
 
 // What cannot be written stays in memory, to be written later.
 bool Database::P_WriteCellsAlone() {
-    if (m_connection->Execute("BEGIN IMMEDIATE") && m_chunks.WriteChanges() &&
-        m_connection->Execute("COMMIT")) {
-        m_chunks.ForgetChanges();
-        return true;
+    try {
+        if (m_connection->Execute("BEGIN IMMEDIATE") && m_chunks.WriteChanges() &&
+            m_connection->Execute("COMMIT")) {
+            m_chunks.ForgetChanges();
+            return true;
+        }
+    } catch (...) { // memory ran out
+        (void)m_connection->Execute("ROLLBACK");
+        throw;
     }
     qzString const failure = GetFailure();
     if (m_connection->IsInTransaction())

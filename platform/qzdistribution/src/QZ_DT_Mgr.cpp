@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
@@ -46,12 +47,14 @@ public:
     /// Calls an operation of the database that a handle leads to.
     template <class Handle, class Operation, class... Arguments>
     QZDT_Result Call(Handle const& handle, Operation operation, Arguments&&... arguments) {
-        Database* const database = Find(handle);
-        if (database == nullptr)
-            return NoDatabase();
-        if (std::invoke(operation, *database, std::forward<Arguments>(arguments)...))
-            return {};
-        return QZDT_Result::Failure(database->GetFailure());
+        return FailWithoutMemory([&]() -> QZDT_Result {
+            Database* const database = Find(handle);
+            if (database == nullptr)
+                return NoDatabase();
+            if (std::invoke(operation, *database, std::forward<Arguments>(arguments)...))
+                return {};
+            return QZDT_Result::Failure(database->GetFailure());
+        });
     }
 
     /// The same for an operation that gives an id, of which a handle is made.
@@ -68,14 +71,27 @@ public:
     template <class Handle, class Made, class Operation, class... Arguments>
     QZDT_Result CallForHandles(Handle const& handle, qzStlVector<Made>& made, Operation operation,
                                Arguments&&... arguments) {
-        qzStlVector<unsigned int> ids;
-        QZDT_Result result = Call(handle, operation, std::forward<Arguments>(arguments)..., ids);
-        if (!result)
+        return FailWithoutMemory([&] {
+            qzStlVector<unsigned int> ids;
+            QZDT_Result result = Call(handle, operation, std::forward<Arguments>(arguments)..., ids);
+            if (!result)
+                return result;
+            qzStlVector<Made> handles;
+            handles.reserve(ids.size());
+            for (unsigned int const id : ids)
+                handles.emplace_back(handle.GetGeneration(), id);
+            made = std::move(handles);
             return result;
-        made.clear();
-        for (unsigned int const id : ids)
-            made.emplace_back(handle.GetGeneration(), id);
-        return result;
+        });
+    }
+
+    template <class Work>
+    static QZDT_Result FailWithoutMemory(Work&& work) {
+        try {
+            return work();
+        } catch (std::bad_alloc const&) {
+            return QZDT_Result::Failure("No memory."); // so short that it needs none
+        }
     }
 
     Column const* FindColumn(QZDT_TableHandle const& table, unsigned int column) {
@@ -134,19 +150,23 @@ unsigned int QZ_DT_Mgr::GetTagForTableEntityType(QZDT_EntityType const& type) {
 // --- databases ---
 
 QZDT_Result QZ_DT_Mgr::OpenDatabase(qzString const& path, QZDT_DBHandle& database) {
-    qzString failure;
-    std::unique_ptr<Database> opened = Database::Open(path, failure);
-    if (opened == nullptr)
-        return QZDT_Result::Failure(failure);
-    database = m_private->Add(std::move(opened));
-    return {};
+    return Private::FailWithoutMemory([&]() -> QZDT_Result {
+        qzString failure;
+        std::unique_ptr<Database> opened = Database::Open(path, failure);
+        if (opened == nullptr)
+            return QZDT_Result::Failure(failure);
+        database = m_private->Add(std::move(opened));
+        return {};
+    });
 }
 
 QZDT_Result QZ_DT_Mgr::CloseDatabase(QZDT_DBHandle const& database) {
-    std::unique_ptr<Database> const closed = m_private->Take(database);
-    if (closed == nullptr)
-        return Private::NoDatabase();
-    return closed->Close() ? QZDT_Result() : QZDT_Result::Failure(closed->GetFailure());
+    return Private::FailWithoutMemory([&]() -> QZDT_Result {
+        std::unique_ptr<Database> const closed = m_private->Take(database);
+        if (closed == nullptr)
+            return Private::NoDatabase();
+        return closed->Close() ? QZDT_Result() : QZDT_Result::Failure(closed->GetFailure());
+    });
 }
 
 bool QZ_DT_Mgr::IsOpen(QZDT_DBHandle const& database) const { return m_private->Find(database) != nullptr; }

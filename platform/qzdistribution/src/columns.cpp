@@ -116,7 +116,7 @@ bool Database::GetColumnIdentifier(unsigned int table, unsigned int column,
         return false;
     if (!found->identifier)
         return P_Fail("The column has no identifier.");
-    identifier = *found->identifier;
+    identifier = QZDT_ColumnIdentifier(*found->identifier); // whole or, without memory, not at all
     return true;
 }
 
@@ -128,7 +128,7 @@ bool Database::SetColumnEntityType(unsigned int table, unsigned int column, QZDT
 bool Database::GetColumnEntityType(unsigned int table, unsigned int column, QZDT_EntityType& type) {
     Column const* const found = P_ColumnOf<QZDT_Id>(table, column);
     if (found != nullptr)
-        type = found->entityType;
+        type = QZDT_EntityType(found->entityType);
     return found != nullptr;
 }
 

@@ -21,11 +21,11 @@
 ///         Show(opened.GetMessage());
 ///     bool const kept = manager.CreateTableSet(database, "run 1", run) &&
 ///                       manager.CreateTable(run, "stress", table) &&
-///                       manager.InsertColumn(table, QZDT_DOUBLE, 0) && manager.SetColumn(table, 0,
-///                       stresses);
+///                       manager.InsertColumn(table, QZDT_DOUBLE, 0) &&
+///                       manager.SetColumn(table, 0, stresses);
 ///
-/// Nothing throws but allocation failure. Every operation on a handle that names nothing, or no longer names
-/// anything, fails; a failed operation changes nothing and leaves its outputs as they were.
+/// Nothing throws. Every operation on a handle that names nothing, or no longer names anything, fails; a
+/// failed operation changes nothing and leaves its outputs as they were.
 ///
 /// A file is changed by whole operations. A process that dies leaves what was there after its last one;
 /// single cells gather in memory and reach the file with the next operation that is more than reading or
@@ -204,8 +204,9 @@ public:
     QZDT_Result Commit() {
         if (!m_begun)
             return m_begun;
+        QZDT_Result committed = QZ_DT_Mgr::GetInstance().CommitChange(m_database);
         m_ended = true;
-        return QZ_DT_Mgr::GetInstance().CommitChange(m_database);
+        return committed;
     }
 
 private:
