@@ -30,6 +30,7 @@ struct Command {
 constexpr Command s_commands[] = {
     {"show", "Tell what a deck holds", TakeDeck, qzDeck::Show},
     {"facts", "Print counts and sums of a deck as JSON", TakeDeck, qzDeck::PrintFacts},
+    {"check", "Find what is wrong with a deck", TakeDeck, qzDeck::Check},
     {"describe", "Tell what the fields of a card are", TakeCard, qzDeck::DescribeCards},
     {"write", "Write a deck anew, as one file", TakeDeckAndOutput, qzDeck::Write},
 };

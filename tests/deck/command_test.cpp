@@ -85,6 +85,34 @@ TEST(Command, DescribeTellsOfOneCardOrOfAll) {
         EXPECT_NE(all.find(title), std::string::npos) << title;
 }
 
+TEST(Command, CheckTellsAndCountsWhatItFinds) {
+    DeckFolder const folder;
+    struct Case {
+        char const* text;
+        int status;
+        std::string output;
+    };
+    std::string const path = (folder.Path() / "deck.bdf").string();
+    std::string const sound = ": 1 card, 0 misplaced lines, 0 violations, 0 dangling references, ";
+    for (auto const& [text, status, output] :
+         {Case{"GRID,1\n", 0, path + sound + "0 duplicate ids, 0 warnings\n"},
+          {"GRID,0\n", 1,
+           path + ":1: GRID ID 0: Input of 0 violates: VALUE > 0\n" + path +
+               ": 1 card, 0 misplaced lines, 1 violation, 0 dangling references, 0 duplicate ids, 0 "
+               "warnings\n"},
+          {"+A,2\nGRID,1\n", 1,
+           path + ": 1 card, 1 misplaced line, 0 violations, 0 dangling references, 0 duplicate ids, 0 "
+                  "warnings\n"},
+          {"GRID,1\nGRID,1\n", 0,
+           path + ":2: GRID ID 1: warning: it repeats GRID at " + path + ":1\n" + path +
+               ": 2 cards, 0 misplaced lines, 0 violations, 0 dangling references, 0 duplicate ids, 1 "
+               "warning\n"}}) {
+        Outcome const outcome = Call(folder, "check \"" + folder.Write("deck.bdf", text) + "\"");
+        EXPECT_EQ(outcome.status, status) << text;
+        EXPECT_EQ(outcome.output, output);
+    }
+}
+
 TEST(Command, ShowTellsWhatTheFootbridgeIs) {
     DeckFolder const folder;
     Outcome const shown = Call(folder, "show \"" + OwnDeck("footbridge.bdf") + "\"");

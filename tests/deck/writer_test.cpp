@@ -193,7 +193,8 @@ std::string FactsOf(Model const& model) { return ToJson(CollectFacts(model)); }
 TEST(Writer, KeepsTheFactsOfDecks) {
     DeckFolder const folder;
     std::vector<std::string> decks = SharedDecks();
-    decks.push_back(OwnDeck("footbridge.bdf"));
+    for (char const* name : {"footbridge.bdf", "sampler.bdf", "faults.bdf"})
+        decks.push_back(OwnDeck(name));
     for (std::string const& deck : decks) {
         auto const model = Model::Read(deck).value();
         Model const again = folder.Read(Written(folder, model));

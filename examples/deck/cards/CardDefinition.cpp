@@ -95,7 +95,9 @@ void CardDefinition::Place(Values values, PlacedFields& placed, std::size_t rows
     placed.clear();
     for (auto const& [first, count] : m_alternatives) {
         Value const* const value = placed.size() < values.size() ? &values[placed.size()] : nullptr;
-        placed.push_back({Choose(AllFields().subspan(first, count), value)});
+        PlacedField field{Choose(AllFields().subspan(first, count), value)};
+        field.isRequired = field.field != nullptr && IsRequired(*field.field);
+        placed.push_back(field);
     }
     if (m_tail != nullptr) {
         placed.resize(PlaceOf(TailFields().front().position));

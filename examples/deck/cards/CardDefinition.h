@@ -23,6 +23,7 @@ struct PlacedField {
     Field const* field = nullptr;   ///< null where the definition of the card has none
     unsigned int row = s_single;    ///< of a repeated field, from 0
     unsigned int column = s_single; ///< of a field that is repeated in each row, from 0
+    bool isRequired = false;        ///< whether a blank is missing something
 
     /// The field's name with its row and column; the number of the place, from 1, where there is no field.
     qzDescriptor::Identifier GetIdentifier(std::size_t place) const;

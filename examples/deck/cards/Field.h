@@ -21,7 +21,7 @@ enum FieldFlag : int {
     FIELD_IS_COMPONENTS = 2,  ///< an integer of digits 1 to 6, each at most once, or 0
     FIELD_HAS_DEFAULT = 4,    ///< a blank stands for the default; otherwise it stands for nothing
     FIELD_DEFAULTS_TO_ID = 8, ///< a blank stands for the id of the card
-    FIELD_IS_WORD = 16        ///< a word that may stand in place of a number
+    FIELD_IS_RANGE = 16       ///< a word between two ids that stands for all others between them
 };
 
 inline bool HasFlag(Field const& field, FieldFlag flag) {

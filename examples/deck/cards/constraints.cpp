@@ -14,8 +14,6 @@ FieldSpec Displacement(std::string const& name) {
     return Real(name, "Displacement it is given", unit::length).Or(unit::angle).Default(0);
 }
 
-FieldSpec Range() { return Word("THRU", "Up to the next, with all between that there are"); }
-
 void DeclareSupports(CardDeclarations& cards) {
     cards.Declare("SPC", "Supports of one or two points",
                   {

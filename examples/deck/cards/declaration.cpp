@@ -194,7 +194,11 @@ FieldSpec Reference(std::string name, std::string displayName, Family family) {
 }
 
 FieldSpec Word(std::string const& word, std::string displayName) {
-    return Choice(word, std::move(displayName), {word}).With(FIELD_IS_WORD);
+    return Choice(word, std::move(displayName), {word});
+}
+
+FieldSpec Range() {
+    return Word("THRU", "All there are from the one before to the next").With(FIELD_IS_RANGE);
 }
 
 FieldSpec Gap(std::size_t places) { return Anything("", "").Blank(places); }

@@ -96,6 +96,8 @@ FieldSpec SetId(std::string name, std::string displayName);
 FieldSpec Reference(std::string name, std::string displayName, Family family);
 /// A word that may stand in place of a number.
 FieldSpec Word(std::string const& word, std::string displayName);
+/// The word THRU between two ids.
+FieldSpec Range();
 FieldSpec Gap(std::size_t places = 1);
 
 /// Parts of a card, one after the other.

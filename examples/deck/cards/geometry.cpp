@@ -68,8 +68,7 @@ void DeclareGeometry(CardDeclarations& cards) {
                      superelement,
                  })
         .Once();
-    cards.Declare("SPOINT", "Scalar points", {},
-                  Repeated({Id("ID", "Point number").Or(Word("THRU", "Up to the next"))}));
+    cards.Declare("SPOINT", "Scalar points", {}, Repeated({Id("ID", "Point number").Or(Range())}));
     DeclareSystemByPoints(cards, "CORD1R", "Rectangular system by points");
     DeclareSystemByPoints(cards, "CORD1C", "Cylindrical system by points");
     DeclareSystemByPoints(cards, "CORD1S", "Spherical system by points");

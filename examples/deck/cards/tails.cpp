@@ -16,14 +16,27 @@ Value const* ValueAt(Values values, std::size_t place) {
     return place < values.size() ? &values[place] : nullptr;
 }
 
+bool IsBlank(Values values, std::size_t first, std::size_t count) {
+    for (std::size_t place = first; place < std::min(first + count, values.size()); ++place) {
+        if (values[place].GetBasicType() != qzDescriptor::BT_NONE)
+            return false;
+    }
+    return true;
+}
+
+/// Rows that are blank as a whole mean nothing, but the first.
 class RowsTail : public Tail {
 public:
     void Place(Fields fields, Values values, std::size_t rows, PlacedFields& placed) const override {
         std::size_t const first = placed.size();
         std::size_t const length = PlaceOf(fields.back().position) - first + 1;
         for (unsigned int row = 0; row < rows || placed.size() < values.size(); ++row) {
-            for (std::size_t i = 0; i < length; ++i)
-                placed.push_back({Choose(FieldsAt(fields, first + i), ValueAt(values, placed.size())), row});
+            bool const isMeant = row == 0 || !IsBlank(values, placed.size(), length);
+            for (std::size_t i = 0; i < length; ++i) {
+                Field const* const field =
+                    Choose(FieldsAt(fields, first + i), ValueAt(values, placed.size()));
+                placed.push_back({field, row, PlacedField::s_single, isMeant && IsRequired(*field)});
+            }
         }
     }
     std::string_view Note() const override { return "repeated to the end of the card"; }
@@ -55,7 +68,7 @@ public:
         while (hasStations && placed.size() < values.size()) {
             ++station;
             for (Field const& field : fields.subspan(s_station))
-                placed.push_back({&field, station});
+                placed.push_back({&field, station, PlacedField::s_single, false});
             P_PlaceStation(fields, count, station, hasStations, placed);
         }
     }
@@ -77,13 +90,15 @@ private:
 
     static void P_PlaceStation(Fields fields, std::size_t count, unsigned int station, bool hasStations,
                                PlacedFields& placed) {
+        bool const isRequired = station == 0; // the others take over from there
         for (unsigned int i = 0; i < count; ++i) {
             if (hasStations)
-                placed.push_back({&fields[0], station, i});
+                placed.push_back({&fields[0], station, i, isRequired});
             else
-                placed.push_back({&fields[0], i});
+                placed.push_back({&fields[0], i, PlacedField::s_single, isRequired});
         }
-        placed.push_back({&fields[1], hasStations ? station : PlacedField::s_single});
+        placed.push_back(
+            {&fields[1], hasStations ? station : PlacedField::s_single, PlacedField::s_single, false});
     }
 };
 
@@ -116,11 +131,16 @@ private:
                 P_Begin(AlphaWord, 0);
             else if (m_part == Point && value != nullptr && value->GetBasicType() == qzDescriptor::BT_DOUBLE)
                 P_Begin(Weight, m_row + 1);
+            bool const isBlank = value == nullptr || value->GetBasicType() == qzDescriptor::BT_NONE;
+            if (m_part == UmPoint)
+                m_isPair = m_row == 0 || !isBlank;
         }
         PlacedField Placed(Fields fields) const {
-            bool const isRepeated = m_part < UmWord || m_part == UmPoint || m_part == UmComponents;
-            return {&fields[m_part], isRepeated ? m_row : PlacedField::s_single,
-                    m_part == Point ? m_column : PlacedField::s_single};
+            bool const isPairPart = m_part == UmPoint || m_part == UmComponents;
+            bool const isMeant = m_part == Point ? m_column == 0 : !isPairPart || m_isPair;
+            return {&fields[m_part], m_part < UmWord || isPairPart ? m_row : PlacedField::s_single,
+                    m_part == Point ? m_column : PlacedField::s_single,
+                    isMeant && IsRequired(fields[m_part])};
         }
         void Advance() {
             m_row += m_part == UmComponents ? 1U : 0U;
@@ -143,6 +163,7 @@ private:
         Part m_part = Weight;
         unsigned int m_row = 0;
         unsigned int m_column = 0;
+        bool m_isPair = false;
         bool m_isComplete = false;
     };
 };

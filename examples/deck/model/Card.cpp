@@ -32,7 +32,7 @@ std::optional<Target> FindNumber(PlacedFields const& placed, int number) {
 
 bool Matches(PlacedField const& placed, Field const& field, Identifier const& identifier) {
     return field.identifier.GetNameKey() == identifier.GetNameKey() &&
-           PlacedField{&field, placed.row, placed.column}.GetIdentifier(0) == identifier;
+           PlacedField{&field, placed.row, placed.column, false}.GetIdentifier(0) == identifier;
 }
 
 /// The place with this name: of what stands there, or of what could stand there as well.

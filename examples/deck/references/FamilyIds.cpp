@@ -1,6 +1,6 @@
 #include "references/FamilyIds.h"
 
-#include "model/field_value.h"
+#include "references/card_ids.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -22,11 +22,6 @@ std::unordered_map<CardKind const*, std::vector<std::size_t>> FamiliesByKind(Mod
     return families;
 }
 
-bool HasSeveralIds(CardDefinition const* definition) {
-    return definition != nullptr && definition->GetTail() != nullptr &&
-           HasFlag(definition->TailFields().front(), FIELD_IS_ID);
-}
-
 } // namespace
 
 FamilyIds::FamilyIds(Model const& model) : m_pools(AllFamilies().size()) {
@@ -43,30 +38,15 @@ FamilyIds::FamilyIds(Model const& model) : m_pools(AllFamilies().size()) {
         pool.ids.Seal();
 }
 
-/// The id is the first field; cards with several ids may give a range of them.
 void FamilyIds::P_AddCard(Pool& pool, Card const& card, PlacedFields& placed) {
-    auto const& values = card.Values();
-    if (!HasSeveralIds(card.Kind().definition)) {
-        if (!values.empty() && KindOf(values[0]) == FieldKind::Integer)
-            pool.ids.Add(WholeOf(values[0]));
-        return;
-    }
-    card.Place(placed);
-    bool endsRange = false;
     WholeNumber previous;
-    for (std::size_t place = 0; place < values.size(); ++place) {
-        Field const* const field = placed[place].field;
-        if (field == nullptr || KindOf(values[place]) == FieldKind::Blank)
-            continue;
-        if (HasFlag(*field, FIELD_IS_ID) && KindOf(values[place]) == FieldKind::Integer) {
-            WholeNumber const id = WholeOf(values[place]);
-            pool.ids.Add(id);
-            if (endsRange)
-                pool.ranges.emplace_back(previous, id);
-            previous = id;
-        }
-        endsRange = HasFlag(*field, FIELD_IS_WORD);
-    }
+    VisitIds(card, placed, [&](std::size_t place, bool endsRange) {
+        WholeNumber const id = WholeOf(card.Values()[place]);
+        pool.ids.Add(id);
+        if (endsRange)
+            pool.ranges.emplace_back(previous, id);
+        previous = id;
+    });
 }
 
 bool FamilyIds::Contains(Family family, WholeNumber const& id) const {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <unordered_map>
 
 namespace qzDeck {
@@ -42,11 +43,11 @@ std::optional<WholeNumber> WholeNumberIn(Value const& value) {
 
 /// A number that stands for something other than an id.
 bool IsSpecial(Field const& field, WholeNumber const& number) {
-    constexpr std::int64_t least = -100; // codes are small
     if (number.IsZero())
         return true;
-    bool const isCode = number.IsSmall() && number.Small() < 0 && number.Small() > least;
-    return isCode && field.definition.GetAllowables().Test(static_cast<int>(number.Small())) == 0;
+    bool const isNegative =
+        number.IsSmall() && number.Small() < 0 && number.Small() >= std::numeric_limits<int>::min();
+    return isNegative && field.definition.GetAllowables().Test(static_cast<int>(number.Small())) == 0;
 }
 
 class Finder {
@@ -80,13 +81,13 @@ public:
     }
 
 private:
-    /// The place from which on there are ids of ranges: one before the first word.
+    /// The place from which on ids belong to ranges: one before the first range.
     std::size_t P_EndOfSingleIds(Values values) const {
-        std::size_t place = 0;
-        while (place < values.size() &&
-               !(m_placed[place].field != nullptr && HasFlag(*m_placed[place].field, FIELD_IS_WORD)))
-            ++place;
-        return place < values.size() ? place - 1 : place;
+        for (std::size_t place = 1; place < values.size(); ++place) {
+            if (m_placed[place].field != nullptr && HasFlag(*m_placed[place].field, FIELD_IS_RANGE))
+                return place - 1;
+        }
+        return values.size();
     }
 
     void P_VisitId(Card const& card, std::size_t place) const {

@@ -64,12 +64,18 @@ std::string_view BehindFields(Line const& line, bool isLast) {
     return behind == "+" || behind == "*" ? std::string_view() : behind;
 }
 
+fs::path Absolute(fs::path const& path) {
+    std::error_code error;
+    fs::path const absolute = fs::absolute(path, error);
+    return error ? path : absolute.lexically_normal();
+}
+
 class DeckWriter {
 public:
     DeckWriter(Model const& model, fs::path const& path)
         : m_model(model),
           m_source(model.GetSource()),
-          m_folder(fs::absolute(path).parent_path()),
+          m_folder(Absolute(path).parent_path()),
           m_nextCard(model.Cards().begin()),
           m_nextOrphan(model.Orphans().begin()) {
         std::string_view const text = m_source.Files().front().text;
@@ -149,7 +155,7 @@ void DeckWriter::P_WriteInclude(Line const& line) {
     auto const path = IncludedPath(line.text).value_or(std::string_view());
     fs::path const target = IncludeTarget(m_source.Files()[line.file], path);
     if (line.format == LineFormat::FailedInclude && !P_IsRead(target)) {
-        fs::path const relative = fs::absolute(target).lexically_proximate(m_folder);
+        fs::path const relative = Absolute(target).lexically_proximate(m_folder);
         m_out.append("INCLUDE '").append(relative.generic_string()).append("'");
     } else {
         m_out.append("$ ").append(Trim(line.text));
