@@ -30,6 +30,7 @@
 #include "descriptor/Identifier.h"
 #include "descriptor/Qualifier.h"
 #include "descriptor/ScalarStorage.h"
+#include "descriptor/Tabular.h"
 #include "descriptor/TabularDefinition.h"
 #include "descriptor/Tuples.h"
 #include "descriptor/UnitsDimensionality.h"
