@@ -21,6 +21,13 @@ RowSet::RowSet(qzStlVector<unsigned int> const& rows, unsigned int longest) {
         m_bits[row / s_wordBits] |= std::uint64_t{1} << row % s_wordBits;
 }
 
+qzStlVector<unsigned int> RowSet::GetRows(std::size_t rowCount) const {
+    qzStlVector<unsigned int> rows;
+    for (std::size_t row = P_Find(0, true); row < rowCount; row = P_Find(row + 1, true))
+        rows.push_back(static_cast<unsigned int>(row));
+    return rows;
+}
+
 std::size_t RowSet::P_Find(std::size_t row, bool inSet) const {
     std::uint64_t const flip = inSet ? 0 : ~std::uint64_t{0};
     std::uint64_t mask = ~std::uint64_t{0} << row % s_wordBits;

@@ -28,6 +28,9 @@ public:
         }
     }
 
+    /// Those below rowCount, rising.
+    qzStlVector<unsigned int> GetRows(std::size_t rowCount) const;
+
 private:
     /// The first row from `row` on that is in the set, or is not.
     std::size_t P_Find(std::size_t row, bool inSet) const;

@@ -1,7 +1,7 @@
 #include "descriptor/Tabular.h"
 
-#include "tabular/ExternalTable.h"
 #include "tabular/TabularData.h"
+#include "tabular/external/TabularDataDT.h"
 #include "values/value/Agreement.h"
 
 #include <utility>

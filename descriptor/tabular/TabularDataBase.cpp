@@ -160,6 +160,22 @@ bool TabularDataBase::RemoveRows(qzStlVector<unsigned int> const& rows) {
     return P_OnEveryColumn([&](TabularDataColumn& column) { return column.RemoveRows(removed); });
 }
 
+bool TabularDataBase::CopyColumnsOf(Tabular const& other) {
+    bool done = true;
+    for (unsigned int column = 0; column < other.GetColumnCount(); ++column) {
+        VisitColumn(other.GetBasicType(column), other.GetCompoundType(column),
+                    [&]<class List>(std::type_identity<List>) {
+                        List scratch;
+                        List const& values = ReadColumn(other, column, scratch);
+                        done = done &&
+                               P_Insert(CellTraits<List>::s_basic, CellTraits<List>::s_compound,
+                                        EntityFullType(), GetColumnCount()) &&
+                               m_columns.back()->SetColumn(values);
+                    });
+    }
+    return done;
+}
+
 #define QZ_OPERATIONS(C, Name)                                                                               \
     int TabularDataBase::GetColumn(unsigned int column, C& values) const {                                   \
         return P_GetColumn(column, values);                                                                  \

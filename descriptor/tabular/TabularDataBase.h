@@ -54,6 +54,9 @@ public:
     virtual bool ReserveRows(unsigned int rows);
     virtual bool RemoveRows(qzStlVector<unsigned int> const& rows);
 
+    /// Adds copies of another table's columns, each as long as it is there.
+    bool CopyColumnsOf(Tabular const& other);
+
 protected:
     TabularDataBase() = default;
 

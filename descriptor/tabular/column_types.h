@@ -26,14 +26,15 @@ using CellOf = typename ContainerTraits<List>::Element;
 template <class List>
 using CellTraits = ElementTraits<CellOf<List>>;
 
-/// A column in place, or copied where a table has no list to show; empty when the column is of another type.
+/// A column in place, or copied out of a store outside memory; empty when the column is of another type.
 template <class List>
 List const& ReadColumn(Tabular const& table, unsigned int column, List& scratch);
 
 #define QZ_READ_COLUMN(C, Name)                                                                              \
     template <>                                                                                              \
     inline C const& ReadColumn(Tabular const& table, unsigned int column, C& scratch) {                      \
-        if (C const* const shown = table.GetColumn##Name(column))                                            \
+        C const* const shown = table.UsesExternalStorage() ? nullptr : table.GetColumn##Name(column);        \
+        if (shown != nullptr)                                                                                \
             return *shown;                                                                                   \
         table.GetColumn(column, scratch);                                                                    \
         return scratch;                                                                                      \

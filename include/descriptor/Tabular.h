@@ -30,7 +30,8 @@ public:
 
     /// An empty table in memory.
     Tabular();
-    /// An empty table in memory when the database handle is invalid, else the table that the handles name.
+    /// An empty table in memory when the database handle is invalid, else a new table in the set, or in the
+    /// database's set "values" when the set's handle is invalid. See ExternalTables.h.
     Tabular(QZDT_DBHandle const& database, QZDT_DTSHandle const& tableSet);
     Tabular(Tabular const& other);
     /// The given rows of the other table in rising order, each as often as it is given. Rows that do not
@@ -132,6 +133,8 @@ public:
     bool RemoveRows(qzStlVector<unsigned int> const& rows);
 
 private:
+    friend class TabularAccess;
+
     std::unique_ptr<TabularDataBase> m_data;
 };
 

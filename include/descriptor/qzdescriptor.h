@@ -23,6 +23,7 @@
 #include "descriptor/EntityList2.h"
 #include "descriptor/EntityListBag.h"
 #include "descriptor/EntityListBagList.h"
+#include "descriptor/ExternalTables.h"
 #include "descriptor/Formula.h"
 #include "descriptor/FormulaBag.h"
 #include "descriptor/FormulaText.h"
