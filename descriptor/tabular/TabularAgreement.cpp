@@ -12,9 +12,13 @@ namespace qzDescriptor {
 namespace {
 
 template <class T>
-bool CellsAgree(qzStlVector<T> const& a, qzStlVector<T> const& b, std::size_t count, Agreement const& agree) {
+bool CellsAgree(qzStlVector<T> const& a, qzStlVector<T> const& b, std::size_t count,
+                [[maybe_unused]] Agreement const& agree) {
     auto const end = a.begin() + static_cast<std::ptrdiff_t>(count);
-    return std::equal(a.begin(), end, b.begin(), agree);
+    if constexpr (std::is_integral_v<T>)
+        return std::equal(a.begin(), end, b.begin()); // as bytes
+    else
+        return std::equal(a.begin(), end, b.begin(), agree);
 }
 
 // The types are equal. Topology indices count in entities, unlike in lists of them.

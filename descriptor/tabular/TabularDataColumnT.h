@@ -44,6 +44,8 @@ public:
         if (row >= GetRowCount() || value.GetValuePtr() == nullptr)
             return false;
         CellOf<List> scratch{};
+        if constexpr (s_scalarType<CellOf<List>> != BT_NONE) // read inline
+            return value.GetValue(scratch, 0, 0) && Access::Set(m_list, row, scratch);
         auto const* const cell = ReadElement(*value.GetValuePtr(), scratch);
         return cell != nullptr && Access::Set(m_list, row, *cell);
     }

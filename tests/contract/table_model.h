@@ -145,11 +145,20 @@ public:
         return all;
     }
 
-    friend bool operator==(TableModel const&, TableModel const&) = default;
+    /// Cells behind the last row of a table are none of its own.
+    friend bool operator==(TableModel const& a, TableModel const& b) {
+        return a.RowCount() == b.RowCount() && a.WithinRows() == b.WithinRows();
+    }
 
     std::vector<Column> columns;
 
 private:
+    std::vector<Column> WithinRows() const {
+        auto cut = columns;
+        for (Column& column : cut)
+            column.cells.resize(std::min(column.cells.size(), RowCount()));
+        return cut;
+    }
     void Resize(std::size_t rows) {
         for (Column& column : columns)
             column.cells.resize(rows, column.defaultText);
