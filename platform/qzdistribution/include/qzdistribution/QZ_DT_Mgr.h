@@ -175,7 +175,7 @@ public:
 
 private:
     QZ_DT_Mgr();
-    ~QZ_DT_Mgr();
+    ~QZ_DT_Mgr() = delete;
 
     class Private;
     Private* m_private;
