@@ -14,7 +14,8 @@
 
 namespace qzdt {
 
-/// How many rows of a column are stored together, part of the file format: so many doubles fill a page of SQLite.
+/// How many rows of a column are stored together, part of the file format: so many doubles fill a page of
+/// SQLite.
 inline constexpr unsigned int s_chunkRows = 500;
 
 /// Numbers are stored with their lowest byte first.
