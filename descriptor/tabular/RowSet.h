@@ -12,7 +12,7 @@ namespace qzDescriptor {
 /// The rows that are removed from a table: a bit for each, made once for all columns.
 class RowSet {
 public:
-    /// No column has `longest` rows or more: larger indices need no bits.
+    /// `longest`: the rows of the longest column. Indices that no column has need no bits.
     RowSet(qzStlVector<unsigned int> const& rows, unsigned int longest);
 
     /// Whether there are rows, and a column of that length has all of them.

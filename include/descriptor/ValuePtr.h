@@ -28,8 +28,8 @@ public:
     virtual unsigned int GetArrayDimension() const;
     /// In a bag: the number of elements under an entity type.
     virtual unsigned int GetArrayDimensionExtent(EntityFullType const& type) const;
-    /// The length along a dimension (0 the outer one, 1 the first row's); 0 for a single element. The rows and
-    /// columns of a table.
+    /// The length along a dimension (0 the outer one, 1 the first row's); 0 for a single element. The rows
+    /// and columns of a table.
     virtual unsigned int GetArrayDimensionExtent(unsigned int dimension) const;
     virtual EntityFullType GetEntityFullType() const;
     virtual bool IsBagType() const;

@@ -58,6 +58,8 @@ TEST(MemoryTable, ColumnsOfDifferentLengthsCompareByTheCellsThatTheTableHas) {
     EXPECT_EQ(front.GetRowCount(), 0u);
     EXPECT_EQ(front.GetColumnDoubleList(1)->size(), 3u);
     EXPECT_TRUE(front == back) << "cells behind the last row are none of the table's";
+    EXPECT_FALSE(front.RemoveRows({0}));
+    EXPECT_EQ(front.GetColumnDoubleList(1)->size(), 2u) << "removed wherever there is such a row";
 }
 
 TEST(MemoryTable, TopologyIndicesFollowTheirEntities) {
