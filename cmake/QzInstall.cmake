@@ -11,8 +11,8 @@ foreach(folder include/descriptor platform/qzutl/include/qzutl platform/qzdistri
 endforeach()
 install(FILES ${PROJECT_BINARY_DIR}/include/descriptor/Export.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/descriptor)
-foreach(library qzinterp qzsigslot)
-  install(FILES ${PROJECT_BINARY_DIR}/platform/${library}/include/${library}/Export.h
+foreach(library qzdistribution qzinterp qzsigslot)
+  install(FILES ${PROJECT_BINARY_DIR}/include/${library}/Export.h
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${library})
 endforeach()
 
