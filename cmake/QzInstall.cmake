@@ -9,11 +9,8 @@ foreach(folder include/descriptor platform/qzutl/include/qzutl platform/qzdistri
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           FILES_MATCHING PATTERN "*.h")
 endforeach()
-install(FILES ${PROJECT_BINARY_DIR}/include/descriptor/Export.h
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/descriptor)
-foreach(library qzdistribution qzinterp qzsigslot)
-  install(FILES ${PROJECT_BINARY_DIR}/include/${library}/Export.h
-          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${library})
+foreach(folder descriptor qzdistribution qzinterp qzsigslot)
+  install(FILES ${PROJECT_BINARY_DIR}/include/${folder}/Export.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qzdescriptor)
