@@ -1,46 +1,39 @@
-#include "facts/DeckFacts.h"
-#include "facts/facts_json.h"
-#include "facts/summary.h"
-#include "model/Model.h"
+#include "commands/commands.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
 
 namespace {
 
-constexpr int s_success = 0;
-constexpr int s_failure = 2; // wrong usage, a deck that cannot be opened, or output that cannot be written
+using qzDeck::Arguments;
 
-void PrintReports(qzDeck::Model const& model) {
-    for (qzDeck::Report const& report : model.GetReports())
-        std::clog << qzDeck::Describe(report, model.GetSource()) << '\n'; // std::cerr would flush each one
-    std::clog.flush();
+void TakeDeck(CLI::App& command, Arguments& arguments) {
+    command.add_option("DECK", arguments.deck, "The main file of the deck")->required();
 }
 
-template <class Write>
-int Run(std::string const& path, Write write) {
-    auto const model = qzDeck::Model::Read(path);
-    if (!model) {
-        std::cerr << "qzdeck: cannot read " << path << '\n';
-        return s_failure;
-    }
-    PrintReports(*model);
-    write(*model, qzDeck::CollectFacts(*model));
-    std::cout.flush();
-    return std::cout ? s_success : s_failure;
+void TakeDeckAndOutput(CLI::App& command, Arguments& arguments) {
+    TakeDeck(command, arguments);
+    command.add_option("-o,--output", arguments.output, "The file to write")->required();
 }
 
-int ShowDeck(std::string const& path) {
-    return Run(path, [](qzDeck::Model const& model, qzDeck::DeckFacts const& facts) {
-        qzDeck::WriteSummary(std::cout, model, facts);
-    });
+void TakeCard(CLI::App& command, Arguments& arguments) {
+    command.add_option("CARD", arguments.card, "The name of a card; all of them without it");
+    command.add_flag("--markdown", arguments.isMarkdown, "As Markdown instead of text");
 }
 
-int PrintFacts(std::string const& path) {
-    return Run(path, [](qzDeck::Model const&, qzDeck::DeckFacts const& facts) {
-        std::cout << qzDeck::ToJson(facts) << '\n';
-    });
-}
+struct Command {
+    char const* name;
+    char const* purpose;
+    void (*takeArguments)(CLI::App&, Arguments&);
+    int (*run)(Arguments const&);
+};
+constexpr Command s_commands[] = {
+    {"show", "Tell what a deck holds", TakeDeck, qzDeck::Show},
+    {"facts", "Print counts and sums of a deck as JSON", TakeDeck, qzDeck::PrintFacts},
+    {"check", "Find what is wrong with a deck", TakeDeck, qzDeck::Check},
+    {"describe", "Tell what the fields of a card are", TakeCard, qzDeck::DescribeCards},
+    {"write", "Write a deck anew, as one file", TakeDeckAndOutput, qzDeck::Write},
+};
 
 } // namespace
 
@@ -51,15 +44,17 @@ int main(int argc, char** argv) {
         "standard error and read over.",
         "qzdeck");
     app.require_subcommand(1);
-    std::string deck;
-    CLI::App* const show = app.add_subcommand("show", "Tell what a deck holds");
-    CLI::App* const facts = app.add_subcommand("facts", "Print counts and sums of a deck as JSON");
-    for (CLI::App* command : {show, facts})
-        command->add_option("DECK", deck, "The main file of the deck")->required();
+    Arguments arguments;
+    for (Command const& command : s_commands)
+        command.takeArguments(*app.add_subcommand(command.name, command.purpose), arguments);
     try {
         app.parse(argc, argv);
     } catch (CLI::ParseError const& error) {
-        return app.exit(error) == 0 ? s_success : s_failure;
+        return app.exit(error) == 0 ? qzDeck::s_success : qzDeck::s_failure;
     }
-    return show->parsed() ? ShowDeck(deck) : PrintFacts(deck);
+    for (Command const& command : s_commands) {
+        if (app.got_subcommand(command.name))
+            return command.run(arguments);
+    }
+    return qzDeck::s_failure;
 }

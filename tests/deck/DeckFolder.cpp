@@ -36,6 +36,19 @@ qzDeck::Model DeckFolder::Read(std::string_view text) const {
 
 std::string OwnDeck(std::string const& name) { return std::string(QZ_OWN_DECKS) + "/" + name; }
 
+std::vector<std::string> SharedDecks() {
+    char const* const named = std::getenv("QZ_DECKS");
+    fs::path const folder = named != nullptr ? named : QZ_SHARED_DECKS;
+    std::vector<std::string> decks;
+    for (char const* name : {"BAR-I12.DAT", "CRM_box_2nd.bdf", "fixed_motor.bdf", "kobayashi_wing.dat",
+                             "loaded_plate/loaded_plate.dat", "missing_continuation.bdf", "t01301a.inp",
+                             "truss_rand_coords.dat"}) {
+        if (fs::exists(folder / name))
+            decks.push_back((folder / name).string());
+    }
+    return decks;
+}
+
 namespace {
 
 std::string TextOf(Value const& value) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// A folder of decks for one test, removed behind it.
 class DeckFolder {
@@ -26,6 +27,8 @@ private:
 
 /// A deck of the repository.
 std::string OwnDeck(std::string const& name);
+/// Published decks that are not ours to keep: none where they are not at hand.
+std::vector<std::string> SharedDecks();
 
 /// One line for a card: `GRID 1 _ 0.5 'A'` is an integer, a blank, a real and a text; `bad'1..2'` is a text
 /// with the mark of its kind.

@@ -49,13 +49,68 @@ TEST(Command, AWrongCallIsStatusTwo) {
     for (std::string const& arguments :
          {std::string(), std::string("facts"), "facts \"" + deck + "\" more", "count \"" + deck + "\"",
           "facts --fast \"" + deck + "\"", "facts \"" + deck + ".none\"",
-          "show \"" + folder.Path().string() + "\""}) {
+          "show \"" + folder.Path().string() + "\"", "write \"" + deck + "\"",
+          std::string("describe NONE")}) {
         Outcome const outcome = Call(folder, arguments);
         EXPECT_EQ(outcome.status, 2) << arguments;
         EXPECT_EQ(outcome.output, "") << arguments;
         EXPECT_NE(outcome.errors, "") << arguments;
     }
     EXPECT_EQ(Call(folder, "--help").status, 0);
+}
+
+TEST(Command, WriteReplacesAFileAsAWholeOrNotAtAll) {
+    DeckFolder const folder;
+    std::string const deck = folder.Write("deck.bdf", "X,1\nINCLUDE 'part.bdf'\n");
+    std::string const part = folder.Write("part.bdf", "X,2\n");
+    std::string const old = folder.Write("old.bdf", "old");
+    auto const write = [&](std::string const& output) {
+        return Call(folder, "write \"" + deck + "\" -o \"" + output + "\"").status;
+    };
+    EXPECT_EQ(write(old), 0);
+    EXPECT_EQ(ReadFile(old), "X       1\n$ INCLUDE 'part.bdf'\nX       2\n");
+    for (std::string const& output : {deck, part, (folder.Path() / "." / "part.bdf").string(),
+                                      folder.Path().string(), (folder.Path() / "none" / "x").string()})
+        EXPECT_EQ(write(output), 2) << output;
+    EXPECT_EQ(ReadFile(part), "X,2\n");
+    for (auto const& entry : std::filesystem::directory_iterator(folder.Path()))
+        EXPECT_NE(entry.path().extension(), ".part") << entry;
+}
+
+TEST(Command, DescribeTellsOfOneCardOrOfAll) {
+    DeckFolder const folder;
+    EXPECT_EQ(Call(folder, "describe grid").output.substr(0, 17), "GRID: Grid point\n");
+    std::string const all = Call(folder, "describe --markdown").output;
+    for (char const* title : {"## GRID: ", "\n\n## MAT1: ", "\n\n## EIGRL: "})
+        EXPECT_NE(all.find(title), std::string::npos) << title;
+}
+
+TEST(Command, CheckTellsAndCountsWhatItFinds) {
+    DeckFolder const folder;
+    struct Case {
+        char const* text;
+        int status;
+        std::string output;
+    };
+    std::string const path = (folder.Path() / "deck.bdf").string();
+    std::string const sound = ": 1 card, 0 misplaced lines, 0 violations, 0 dangling references, ";
+    for (auto const& [text, status, output] :
+         {Case{"GRID,1\n", 0, path + sound + "0 duplicate ids, 0 warnings\n"},
+          {"GRID,0\n", 1,
+           path + ":1: GRID ID 0: Input of 0 violates: VALUE > 0\n" + path +
+               ": 1 card, 0 misplaced lines, 1 violation, 0 dangling references, 0 duplicate ids, 0 "
+               "warnings\n"},
+          {"+A,2\nGRID,1\n", 1,
+           path + ": 1 card, 1 misplaced line, 0 violations, 0 dangling references, 0 duplicate ids, 0 "
+                  "warnings\n"},
+          {"GRID,1\nGRID,1\n", 0,
+           path + ":2: GRID ID 1: warning: it repeats GRID at " + path + ":1\n" + path +
+               ": 2 cards, 0 misplaced lines, 0 violations, 0 dangling references, 0 duplicate ids, 1 "
+               "warning\n"}}) {
+        Outcome const outcome = Call(folder, "check \"" + folder.Write("deck.bdf", text) + "\"");
+        EXPECT_EQ(outcome.status, status) << text;
+        EXPECT_EQ(outcome.output, output);
+    }
 }
 
 TEST(Command, ShowTellsWhatTheFootbridgeIs) {

@@ -1,5 +1,5 @@
 #include "facts/ExactSum.h"
-#include "facts/IdSet.h"
+#include "model/IdSet.h"
 #include "model/WholeNumber.h"
 
 #include <algorithm>

@@ -14,9 +14,10 @@ TEST(Includes, FilesAreReadInPlace) {
     EXPECT_EQ(TextOf(model), "GRID 1\nGRID 2\nGRID 3\nGRID 4\nENDDATA\nGRID 5\n");
     EXPECT_EQ(ReportsOf(model), "");
     ASSERT_EQ(model.GetSource().Files().size(), 3U);
-    EXPECT_EQ(model.Cards()[2].File(), 2U);
-    EXPECT_EQ(model.Cards()[2].Line(), 1U);
-    EXPECT_EQ(model.Cards()[3].Line(), 3U);
+    auto const lineOf = [&](std::size_t card) { return *model.LinesOf(model.Cards()[card]).front(); };
+    EXPECT_EQ(lineOf(2).file, 2U);
+    EXPECT_EQ(lineOf(2).number, 1U);
+    EXPECT_EQ(lineOf(3).number, 3U);
 }
 
 TEST(Includes, ACardMayGoOnInAnotherFile) {

@@ -2,9 +2,11 @@
 #include "model/field_value.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
 
+using qzDeck::Card;
 using qzDeck::FieldKind;
 using qzDeck::KindOf;
 using qzDescriptor::Identifier;
@@ -24,21 +26,81 @@ TEST(Model, EveryFieldIsAValueOfItsType) {
     EXPECT_EQ(real, 2.5);
 }
 
-TEST(Model, FieldsAreFoundByTheirNumber) {
+Value const* Find(Card const& card, char const* name, unsigned int row = Identifier::s_unset) {
+    return card.Find(Identifier(name, 0, row));
+}
+
+TEST(Model, FieldsOfKnownCardsAreFoundByName) {
     DeckFolder const folder;
-    auto const model = folder.Read("GRID,1\nGRID,2,,0.5\n");
-    auto const& shorter = model.Cards()[0];
-    auto const& longer = model.Cards()[1];
-    ASSERT_EQ(&shorter.Kind(), &longer.Kind());
-    ASSERT_EQ(longer.Kind().fields.size(), 3U);
-    for (std::size_t i = 0; i < 3; ++i)
-        EXPECT_EQ(longer.Find(longer.Kind().fields[i]), &longer.Values()[i]);
-    ASSERT_NE(longer.Find(Identifier(3)), nullptr);
-    EXPECT_TRUE(longer.Find(Identifier(2))->GetValuePtr() == nullptr);
-    EXPECT_EQ(shorter.Find(Identifier(3)), nullptr);
+    auto const model = folder.Read("GRID,1\nGRID,2,,0.5\n+,9\nCBAR,1,1,1,2,3\nPCOMP,1\n+,1,2.\n+,,,5,3.\n");
+    Card const& longer = model.Cards()[1];
+    EXPECT_EQ(Find(longer, "X1"), &longer.Values()[2]);
+    EXPECT_EQ(Find(longer, "CP")->GetValuePtr(), nullptr);
+    EXPECT_EQ(longer.Find(Identifier(9)), &longer.Values()[8]) << "behind the last field";
+    EXPECT_EQ(longer.Find(Identifier(3)), nullptr) << "it has a name";
+    EXPECT_EQ(Find(longer, "X4"), nullptr);
+    EXPECT_EQ(longer.Find(Identifier()), nullptr);
+    EXPECT_EQ(Find(model.Cards()[0], "X1"), nullptr) << "the card ends before";
+    EXPECT_EQ(Find(model.Cards()[2], "G0"), &model.Cards()[2].Values()[4]);
+    EXPECT_EQ(Find(model.Cards()[2], "X1"), nullptr) << "there is a point in its place";
+    Card const& laminate = model.Cards()[3];
+    EXPECT_EQ(Find(laminate, "T"), &laminate.Values()[9]) << "of the first ply";
+    EXPECT_EQ(Find(laminate, "MID", 3), nullptr) << "there are no more than three";
+    EXPECT_EQ(Find(laminate, "THETA", 2), &laminate.Values()[18]);
+}
+
+TEST(Model, FieldsOfUnknownCardsAreFoundByNumber) {
+    DeckFolder const folder;
+    auto const model = folder.Read("X,1\nX,2,,0.5\n");
+    Card const& longer = model.Cards()[1];
+    ASSERT_EQ(&model.Cards()[0].Kind(), &longer.Kind());
+    EXPECT_EQ(longer.Find(Identifier(3)), &longer.Values()[2]);
+    EXPECT_EQ(longer.Find(Identifier(2))->GetValuePtr(), nullptr);
+    EXPECT_EQ(model.Cards()[0].Find(Identifier(3)), nullptr);
     EXPECT_EQ(longer.Find(Identifier(4)), nullptr);
-    EXPECT_EQ(longer.Find(Identifier(0)), nullptr);
-    EXPECT_EQ(longer.Find(Identifier("X1")), nullptr);
+    EXPECT_EQ(longer.Find(Identifier(-1)), nullptr);
+    EXPECT_EQ(Find(longer, "X1"), nullptr);
+}
+
+struct Change {
+    char const* deck;
+    Identifier field;
+    Value value;
+    bool isDone;
+    char const* card; ///< as TextOf writes it
+};
+
+TEST(Model, FieldsAreChangedToWhatTheyCanHold) {
+    DeckFolder const folder;
+    Value const integer(7);
+    Value const real(2.5);
+    Value const text(qzString("GOO"));
+    for (auto const& [deck, field, value, isDone, card] : {
+             Change{"GRID,1\n", Identifier("X2"), real, true, "GRID 1 _ _ 2.5"},
+             {"GRID,1,,,2.5\n", Identifier("X2"), Value(), true, "GRID 1"},
+             {"GRID,1\n", Identifier("X2"), integer, false, "GRID 1"},
+             {"GRID,1\n", Identifier("ID"), integer, true, "GRID 7"},
+             {"GRID,1\n", Identifier(9), text, true, "GRID 1 _ _ _ _ _ _ _ 'GOO'"},
+             {"GRID,1\n", Identifier(3), real, false, "GRID 1"},
+             {"CBAR,1\n", Identifier("G0"), integer, true, "CBAR 1 _ _ _ 7"},
+             {"CBAR,1,,,,7\n", Identifier("X1"), real, true, "CBAR 1 _ _ _ 2.5"},
+             {"CBAR,1\n", Identifier("OFFT"), text, true, "CBAR 1 _ _ _ _ _ _ 'GOO'"},
+             {"CBAR,1\n", Identifier("OFFT"), Value(qzString("1, 2")), false, "CBAR 1"},
+             {"PARAM,N\n", Identifier("V1"), text, true, "PARAM 'N' 'GOO'"},
+             {"PARAM,N\n", Identifier("V1"), Value(std::numeric_limits<double>::infinity()), false,
+              "PARAM 'N'"},
+             {"X\n", Identifier(2), Value(true), false, "X"},
+             {"X\n", Identifier(2), integer, true, "X _ 7"},
+             {"X\n", Identifier("N"), integer, false, "X"},
+             {"X\n", Identifier(2000000000), integer, false, "X"},
+             {"LOAD,1,1.,1.,2\n", Identifier("LI", 0, 1), integer, true, "LOAD 1 1.0 1.0 2 _ 7"},
+             {"LOAD,1,1.,1.,2\n", Identifier("LI", 0, 2), integer, false, "LOAD 1 1.0 1.0 2"},
+             {"SPC1,1,1,2\n", Identifier("THRU", 0, 1), Value(qzString("THRU")), true, "SPC1 1 1 2 'THRU'"},
+         }) {
+        auto model = folder.Read(deck);
+        EXPECT_EQ(model.Cards()[0].Set(field, value), isDone) << deck << card;
+        EXPECT_EQ(TextOf(model.Cards()[0]), card);
+    }
 }
 
 TEST(Model, NamesOfCardsAreOfAnyCase) {

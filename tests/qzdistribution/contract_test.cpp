@@ -10,8 +10,7 @@ namespace {
 class OpenDatabase : public testing::TestWithParam<bool> {
 protected:
     OpenDatabase() {
-        EXPECT_TRUE(
-            Done(Store().OpenDatabase(GetParam() ? m_folder.GetFile("tables") : ":memory:", m_database)));
+        EXPECT_TRUE(Done(Store().OpenDatabase(m_path, m_database)));
         EXPECT_TRUE(Done(Store().CreateTableSet(m_database, "set", m_set)));
         EXPECT_TRUE(Done(Store().CreateTable(m_set, "table", m_table)));
     }
@@ -33,7 +32,15 @@ protected:
         return values;
     }
 
+    bool IsInFile() const { return GetParam(); }
+    void Reopen() {
+        ASSERT_TRUE(Done(Store().CloseDatabase(m_database)));
+        ASSERT_TRUE(Done(Store().OpenDatabase(m_path, m_database)));
+        ASSERT_TRUE(Done(Store().OpenTableSet(m_database, "set", m_set)));
+    }
+
     TemporaryFolder m_folder;
+    qzString m_path = IsInFile() ? m_folder.GetFile("tables") : ":memory:";
     QZDT_DBHandle m_database;
     QZDT_DTSHandle m_set;
     QZDT_TableHandle m_table;
@@ -76,13 +83,23 @@ TEST_P(OpenDatabase, FindsSetsAndTablesByNamesOfAnyBytes) {
     EXPECT_TRUE(Refused(Store().OpenTable(m_set, "none", m_table)));
 }
 
-TEST_P(OpenDatabase, HoldsAnyNumberOfTablesWithoutAName) {
+TEST_P(OpenDatabase, HoldsTablesWithoutANameUntilItIsClosed) {
     qzStlVector<QZDT_TableHandle> made(3, m_table);
     EXPECT_TRUE(Store().CreateTable(m_set, "", made[1]) && Store().CreateTable(m_set, "", made[2]));
     EXPECT_TRUE(Refused(Store().OpenTable(m_set, "", m_table)));
+    EXPECT_TRUE(Refused(Store().SetName(made[1], "table"))) << "which is taken";
+    EXPECT_TRUE(Done(Store().SetName(made[1], "kept")));
+    EXPECT_TRUE(Done(Store().SetName(made[0], "")));
+    EXPECT_TRUE(Done(Store().SetName(made[1], "table"))) << "which is free again";
     qzStlVector<QZDT_TableHandle> listed;
     EXPECT_TRUE(Done(Store().GetTables(m_set, listed)));
     EXPECT_EQ(listed, made);
+    if (!IsInFile())
+        return;
+    Reopen();
+    EXPECT_TRUE(Done(Store().GetTables(m_set, listed)));
+    EXPECT_EQ(listed.size(), 1U);
+    EXPECT_TRUE(Done(Store().OpenTable(m_set, "table", m_table)));
 }
 
 struct Case {
@@ -100,6 +117,7 @@ std::vector<Case> TableOperations() {
     static QZ_DT_Variant s_cell;
     return {
         {"name", [](auto& table) { return Store().GetName(table, s_name); }},
+        {"set name", [](auto& table) { return Store().SetName(table, "new"); }},
         {"set", [](auto& table) { return Store().GetTableSet(table, s_set); }},
         {"clone", [](auto& table) { return Store().CloneTable(table, s_copy); }},
         {"clone rows", [](auto& table) { return Store().CloneTable(table, {0}, s_copy); }},

@@ -27,7 +27,7 @@ struct ModelColumn {
 
 using ModelTable = std::vector<ModelColumn>;
 
-/// A set of tables without names, in the store and as a model in the same order.
+/// A set of tables, in the store and as a model in the same order.
 class Pair {
 public:
     Pair(qzString path, Random& random) : m_path(std::move(path)), m_random(random) {
@@ -64,7 +64,7 @@ private:
 
     void CreateTable() {
         QZDT_TableHandle table;
-        EXPECT_TRUE(Done(Store().CreateTable(m_set, "", table)));
+        EXPECT_TRUE(Done(Store().CreateTable(m_set, NewName(), table)));
         m_model.emplace_back();
     }
     void DropTable() {
@@ -92,6 +92,7 @@ private:
         } else {
             EXPECT_TRUE(Done(Store().CloneTable(table, copy)));
         }
+        EXPECT_TRUE(Done(Store().SetName(copy, NewName()))) << "which makes it last";
         m_model.push_back(std::move(clone));
     }
 
@@ -239,6 +240,7 @@ private:
 
     // --- choices ---
 
+    qzString NewName() { return std::to_string(++m_nameCount); }
     QZDT_TableHandle PickTable() {
         qzStlVector<QZDT_TableHandle> tables;
         EXPECT_TRUE(Done(Store().GetTables(m_set, tables)));
@@ -288,6 +290,7 @@ private:
     QZDT_DTSHandle m_set;
     std::vector<ModelTable> m_model;
     std::vector<std::vector<ModelTable>> m_saved; // as they were when the open changes began
+    unsigned int m_nameCount = 0;
     unsigned int m_table = 0;
     unsigned int m_column = 0;
     QZDT_TableHandle m_handle;

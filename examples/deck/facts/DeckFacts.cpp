@@ -73,7 +73,7 @@ DeckFacts CollectFacts(Model const& model) {
     }
     for (auto& [name, kind] : facts.cards)
         kind.ids.Seal();
-    facts.dangling = CountDanglingReferences(model, facts.cards);
+    facts.dangling = CountDanglingReferences(model);
     auto const isStructural = [](Report const& report) { return IsStructural(report.problem); };
     facts.structureErrors = static_cast<std::size_t>(
         std::count_if(model.GetReports().begin(), model.GetReports().end(), isStructural));

@@ -4,7 +4,7 @@
 /// nowhere. The numbers are of the fields as written: defaults are not applied.
 
 #include "facts/ExactSum.h"
-#include "facts/IdSet.h"
+#include "model/IdSet.h"
 #include "model/Model.h"
 #include "model/WholeNumber.h"
 #include "reader/field_kind.h"

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "facts/DeckFacts.h"
+#include "model/Model.h"
+
+#include <cstddef>
+#include <map>
+#include <string>
 
 namespace qzDeck {
 
-/// By `CARD->TARGET`, how many references of the model's cards name a grid point or a property that the deck
-/// does not hold. A blank grid reference and grid point 0 refer to nothing; a blank property is the one with
-/// the element's own id.
-std::map<std::string, std::size_t> CountDanglingReferences(Model const& model,
-                                                           std::map<std::string, CardFacts> const& cards);
+/// By `CARD->TARGET`, how many references of common elements, forces and supports name a grid point or a
+/// property that the deck does not hold, for the cards that it has. Defaults of other cards are not applied.
+std::map<std::string, std::size_t> CountDanglingReferences(Model const& model);
 
 } // namespace qzDeck

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cards/CardDefinition.h"
 #include "descriptor/Identifier.h"
 #include "descriptor/Value.h"
 
@@ -9,37 +10,46 @@
 
 namespace qzDeck {
 
-/// What all cards of one name share: the name, in capitals, and the identifiers of the data fields, as many
-/// as the widest card has.
+/// What all cards of one name share: the name, in capitals, and the definition, null for unknown cards.
 struct CardKind {
     std::string name;
-    std::vector<qzDescriptor::Identifier> fields;
+    CardDefinition const* definition;
 };
 
 /// One card: a value for each data field up to the last that is not blank. A blank field is an empty value.
+/// Fields go by the names of the card's definition, and by their number, from 1, where it has none.
 ///
-///     Value const* thickness = shell.Find(Identifier(3));
+///     Value const* thickness = shell.Find(Identifier("T"));
+///     shell.Set(Identifier("T"), Value(2.5));
+///     Value const* third = unknown.Find(Identifier(3));
+///     Value const* plies = laminate.Find(Identifier("T", 0, 1));      // of the second ply
 class Card {
 public:
-    Card(CardKind const& kind, std::uint32_t file, std::uint32_t line,
-         std::vector<qzDescriptor::Value> values)
-        : m_kind(&kind), m_file(file), m_line(line), m_values(std::move(values)) {}
+    static constexpr std::uint32_t s_noLine = 0xFFFFFFFF;
+
+    Card(CardKind const& kind, std::uint32_t sourceLine, std::vector<qzDescriptor::Value> values)
+        : m_kind(&kind), m_sourceLine(sourceLine), m_values(std::move(values)) {}
 
     std::string const& Name() const { return m_kind->name; }
     CardKind const& Kind() const { return *m_kind; }
-    /// The file, by its index in Source::Files, and the line there with the card's name.
-    std::uint32_t File() const { return m_file; }
-    std::uint32_t Line() const { return m_line; }
+    /// The line with the card's name, by its index in Source::Lines; s_noLine for one that was not read.
+    std::uint32_t SourceLine() const { return m_sourceLine; }
 
-    /// The value at index i stands under the kind's identifier at i.
+    /// By their place among the card's data fields.
     std::vector<qzDescriptor::Value> const& Values() const { return m_values; }
+    /// What stands at each place of the card, and at the places that it could still fill.
+    void Place(PlacedFields& placed, std::size_t rows = 1) const;
+
     /// The value under an identifier; null when the card ends before it or has no such field.
     qzDescriptor::Value const* Find(qzDescriptor::Identifier const& field) const;
+    /// Changes a field: to an integer, a finite real number, a text as fields may hold it, or a blank. False,
+    /// changing nothing, for a field that the card has not, and for a value of another type than its field.
+    /// A row behind the last one of a repeated field makes it longer.
+    bool Set(qzDescriptor::Identifier const& field, qzDescriptor::Value const& value);
 
 private:
     CardKind const* m_kind;
-    std::uint32_t m_file;
-    std::uint32_t m_line;
+    std::uint32_t m_sourceLine;
     std::vector<qzDescriptor::Value> m_values;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Card.h"
+#include "model/LocatedFields.h"
 #include "reader/Report.h"
 #include "reader/Source.h"
 
@@ -19,9 +20,14 @@ public:
     static std::optional<Model> Read(std::string const& path);
 
     std::vector<Card> const& Cards() const { return m_cards; }
+    std::vector<Card>& Cards() { return m_cards; }
     std::deque<CardKind> const& Kinds() const { return m_kinds; }
 
     Source const& GetSource() const { return m_source; }
+    /// The lines of a card as they were read; none for one that was not.
+    std::vector<Line const*> LinesOf(Card const& card) const;
+    /// The texts on those lines. A text stays what it was when the value changes.
+    LocatedFields TextsOf(Card const& card) const;
     /// Continuation lines that belong to no card, by their index in Source::Lines.
     std::vector<std::uint32_t> const& Orphans() const { return m_orphans; }
     /// What is wrong, by file and line.
@@ -33,6 +39,7 @@ private:
     explicit Model(Source source) : m_source(std::move(source)) {}
 
     Source m_source;
+    std::vector<std::uint32_t> m_nextLines; // by line of the source: the one that continues its card
     std::deque<CardKind> m_kinds;
     std::vector<Card> m_cards;
     std::vector<std::uint32_t> m_orphans;

@@ -6,8 +6,6 @@
 
 namespace qzDeck {
 
-namespace {
-
 std::string_view Sentence(Problem problem) {
     switch (problem) {
     case Problem::MissingInclude:
@@ -56,7 +54,10 @@ std::string_view Sentence(Problem problem) {
     return "";
 }
 
-/// The beginning of a text, with what would disturb a terminal replaced.
+std::string Location(Source const& source, std::uint32_t file, std::uint32_t line) {
+    return source.Files()[file].path + ':' + std::to_string(line);
+}
+
 std::string Printable(std::string_view text) {
     constexpr std::size_t longest = 72;
     std::string printable(text.substr(0, longest));
@@ -67,13 +68,11 @@ std::string Printable(std::string_view text) {
     return printable;
 }
 
-} // namespace
-
 bool IsStructural(Problem problem) { return problem <= Problem::OrphanContinuation; }
 
 std::string Describe(Report const& report, Source const& source) {
-    std::string text = source.Files()[report.file].path + ':' + std::to_string(report.line) + ": ";
-    text += Sentence(report.problem);
+    std::string text = Location(source, report.file, report.line);
+    text.append(": ").append(Sentence(report.problem));
     if (!report.subject.empty())
         text += ": '" + Printable(report.subject) + '\'';
     return text;

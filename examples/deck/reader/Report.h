@@ -50,6 +50,15 @@ using Reports = std::vector<Report>;
 /// Whether the deck as a whole suffers: lines or files that found no place in it.
 bool IsStructural(Problem problem);
 
+/// What is wrong, in words.
+std::string_view Sentence(Problem problem);
+
+/// `file:line`.
+std::string Location(Source const& source, std::uint32_t file, std::uint32_t line);
+
+/// A text as it may be shown: cut when it is long, without what would disturb a terminal.
+std::string Printable(std::string_view text);
+
 /// `file:line: what is wrong: 'subject'`.
 std::string Describe(Report const& report, Source const& source);
 

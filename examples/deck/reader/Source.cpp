@@ -23,14 +23,14 @@ bool HoldsLargeTokens(std::string_view firstToken) {
 std::string_view Source::FirstField(Line const& line) const {
     if (line.format != LineFormat::Free)
         return Columns(line.text, 0, s_firstWidth);
-    return line.tokenCount > 0 ? P_Tokens(line).front() : std::string_view();
+    return line.tokenCount > 0 ? Tokens(line).front() : std::string_view();
 }
 
 DataFields Source::Data(Line const& line) const {
     DataFields fields{};
     if (line.format == LineFormat::Free) {
         fields.count = HoldsLargeTokens(FirstField(line)) ? 4 : 8;
-        auto const tokens = P_Tokens(line);
+        auto const tokens = Tokens(line);
         for (std::size_t i = 0; i < fields.count && i + 1 < tokens.size(); ++i)
             fields.texts[i] = tokens[i + 1];
         return fields;
@@ -44,7 +44,7 @@ DataFields Source::Data(Line const& line) const {
 std::string_view Source::TenthField(Line const& line) const {
     if (line.format != LineFormat::Free)
         return Columns(line.text, s_firstWidth + s_dataColumns, 8);
-    auto const tokens = P_Tokens(line);
+    auto const tokens = Tokens(line);
     return tokens.size() == s_fieldsPerLine ? tokens.back() : std::string_view();
 }
 

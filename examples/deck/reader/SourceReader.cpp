@@ -55,9 +55,25 @@ std::string ExpandTabs(std::string_view text) {
     return expanded;
 }
 
-/// The path of an INCLUDE statement.
-std::optional<std::string_view> QuotedPath(std::string_view statement) {
+LineFormat FormatOf(std::string_view text) {
+    if (text.starts_with('=') || text.substr(0, 10).find(',') != std::string_view::npos)
+        return LineFormat::Free;
+    return text.substr(0, 8).find('*') != std::string_view::npos ? LineFormat::Large : LineFormat::Small;
+}
+
+} // namespace
+
+bool IsEndOfDeck(std::string_view line) {
+    return BeginsWithWord(line.starts_with(' ') ? line.substr(1) : line, "ENDDATA");
+}
+
+bool IsBeginOfBulk(std::string_view line) { return BeginsWithWord(Trim(line), "BEGIN"); }
+
+std::optional<std::string_view> IncludedPath(std::string_view line) {
     constexpr std::string_view keyword = "INCLUDE";
+    std::string_view const statement = Trim(line);
+    if (!BeginsWithWord(statement, keyword))
+        return std::nullopt;
     std::string_view const rest = statement.substr(keyword.size());
     std::string_view const quoted = Trim(rest);
     std::size_t const end = quoted.find('\'', 1);
@@ -66,13 +82,9 @@ std::optional<std::string_view> QuotedPath(std::string_view statement) {
     return quoted.substr(1, end - 1);
 }
 
-LineFormat FormatOf(std::string_view text) {
-    if (text.starts_with('=') || text.substr(0, 10).find(',') != std::string_view::npos)
-        return LineFormat::Free;
-    return text.substr(0, 8).find('*') != std::string_view::npos ? LineFormat::Large : LineFormat::Small;
+fs::path IncludeTarget(SourceFile const& file, std::string_view path) {
+    return (fs::path(file.path).parent_path() / fs::path(path)).lexically_normal();
 }
-
-} // namespace
 
 std::optional<Source> SourceReader::Read(std::string const& path, Reports& reports) {
     SourceReader reader(reports);
@@ -101,7 +113,7 @@ void SourceReader::P_SkipHeader() {
     OpenFile scan = main;
     while (!scan.rest.empty()) {
         ++scan.lineNumber;
-        if (!BeginsWithWord(Trim(TakeLine(scan.rest)), "BEGIN"))
+        if (!IsBeginOfBulk(TakeLine(scan.rest)))
             continue;
         m_source.m_header = main.rest.substr(0, main.rest.size() - scan.rest.size());
         main = scan;
@@ -118,69 +130,71 @@ void SourceReader::P_ReadLines() {
             continue;
         }
         ++file.lineNumber;
-        std::string_view const text = P_WithoutTabs(TakeLine(file.rest));
-        if (P_IsEnd(text))
+        std::string_view const before = file.rest;
+        std::string_view const line = TakeLine(file.rest);
+        if (line.starts_with('$')) {
+            P_AddLine(LineFormat::Comment, line);
+            continue;
+        }
+        std::string_view const text = P_WithoutTabs(line);
+        if (m_open.size() == 1 && IsEndOfDeck(text)) { // an included file does not end those who include it
+            m_source.m_ending = before;
             return;
+        }
         P_ReadLine(text);
     }
 }
 
-/// ENDDATA ends the main file; an included file cannot end the deck of those who include it.
-bool SourceReader::P_IsEnd(std::string_view text) const {
-    if (m_open.size() > 1)
-        return false;
-    return BeginsWithWord(text.starts_with(' ') ? text.substr(1) : text, "ENDDATA");
-}
-
-void SourceReader::P_ReadLine(std::string_view text) {
-    if (text.starts_with('$'))
-        return P_AddLine(LineFormat::Comment, text);
-    text = text.substr(0, text.find('$'));
+void SourceReader::P_ReadLine(std::string_view line) {
+    std::string_view const text = line.substr(0, line.find('$'));
     std::string_view const statement = Trim(text);
-    if (statement.empty())
-        return P_AddLine(LineFormat::Blank, text);
-    if (!BeginsWithWord(statement, "INCLUDE"))
-        return P_AddFieldLine(text);
-    auto const path = QuotedPath(statement);
-    if (!path) {
+    LineFormat const format = statement.empty() ? LineFormat::Blank : FormatOf(text);
+    auto const path = IncludedPath(text);
+    P_AddLine(path ? LineFormat::Include : format, text);
+    m_source.m_lines.back().commentLength = static_cast<std::uint32_t>(line.size() - text.size());
+    if (path)
+        return P_Include(*path);
+    if (BeginsWithWord(statement, "INCLUDE"))
         P_Report()(Problem::IncludeWithoutPath, statement);
-        return P_AddFieldLine(text);
-    }
-    P_AddLine(LineFormat::Include, text);
-    P_Include(*path);
+    if (!statement.empty())
+        P_CutFields();
 }
 
 void SourceReader::P_Include(std::string_view path) {
-    LineReporter const report = P_Report();
-    if (m_open.size() > s_maximalIncludeDepth)
-        return report(Problem::DeepInclude, path);
-    if (m_source.m_files.size() > s_maximalIncludeCount)
-        return report(Problem::TooManyIncludes, path);
-    fs::path const folder = fs::path(m_source.m_files[m_open.back().index].path).parent_path();
-    fs::path const target = (folder / fs::path(path)).lexically_normal();
-    std::error_code error;
-    if (m_openIdentities.contains(fs::weakly_canonical(target, error).string()))
-        return report(Problem::CyclicInclude, path);
-    if (!P_Open(target))
-        report(Problem::MissingInclude, path);
+    fs::path const target = IncludeTarget(m_source.m_files[m_open.back().index], path);
+    if (auto const problem = P_Follow(target)) {
+        m_source.m_lines.back().format = LineFormat::FailedInclude;
+        P_Report()(*problem, path);
+    }
 }
 
-void SourceReader::P_AddFieldLine(std::string_view text) {
-    LineFormat const format = FormatOf(text);
-    if (format == LineFormat::Free) {
-        auto const placed = m_freeLines.Cut(text, P_Report()).Placed();
-        P_AddLine(format, text);
-        m_source.m_lines.back().tokenCount = static_cast<std::uint8_t>(placed.size());
-        m_source.m_tokens.insert(m_source.m_tokens.end(), placed.begin(), placed.end());
-    } else {
-        P_AddLine(format, text);
-    }
-    P_CheckName(m_source.m_lines.back());
+/// What hinders a file from being read here, if anything does.
+std::optional<Problem> SourceReader::P_Follow(fs::path const& target) {
+    if (m_open.size() > s_maximalIncludeDepth)
+        return Problem::DeepInclude;
+    if (m_source.m_files.size() > s_maximalIncludeCount)
+        return Problem::TooManyIncludes;
+    std::error_code error;
+    if (m_openIdentities.contains(fs::weakly_canonical(target, error).string()))
+        return Problem::CyclicInclude;
+    return P_Open(target) ? std::nullopt : std::optional(Problem::MissingInclude);
 }
 
 void SourceReader::P_AddLine(LineFormat format, std::string_view text) {
     auto const firstToken = static_cast<std::uint32_t>(m_source.m_tokens.size());
-    m_source.m_lines.push_back({text, m_open.back().index, m_open.back().lineNumber, firstToken, format, 0});
+    m_source.m_lines.push_back(
+        {text, 0, m_open.back().index, m_open.back().lineNumber, firstToken, format, 0});
+}
+
+/// Of the line that was added last.
+void SourceReader::P_CutFields() {
+    Line& line = m_source.m_lines.back();
+    if (line.format == LineFormat::Free) {
+        auto const placed = m_freeLines.Cut(line.text, P_Report()).Placed();
+        line.tokenCount = static_cast<std::uint8_t>(placed.size());
+        m_source.m_tokens.insert(m_source.m_tokens.end(), placed.begin(), placed.end());
+    }
+    P_CheckName(line);
 }
 
 void SourceReader::P_CheckName(Line const& line) const {

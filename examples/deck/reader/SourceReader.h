@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 
 namespace qzDeck {
@@ -16,6 +17,17 @@ namespace qzDeck {
 /// Far beyond what people write: generated mistakes must end.
 inline constexpr std::size_t s_maximalIncludeDepth = 1000;
 inline constexpr std::size_t s_maximalIncludeCount = 100000;
+
+// Statements: lines that are no cards.
+
+/// Whether a line is the last one of a bulk section.
+bool IsEndOfDeck(std::string_view line);
+/// Whether a line is the last one before a bulk section.
+bool IsBeginOfBulk(std::string_view line);
+/// The path that an INCLUDE statement names; nothing when it is none, or without quotes.
+std::optional<std::string_view> IncludedPath(std::string_view line);
+/// Where that path leads from the file with the statement.
+std::filesystem::path IncludeTarget(SourceFile const& file, std::string_view path);
 
 class SourceReader {
 public:
@@ -36,11 +48,11 @@ private:
     bool P_Open(std::filesystem::path const& path);
     void P_SkipHeader();
     void P_ReadLines();
-    bool P_IsEnd(std::string_view text) const;
-    void P_ReadLine(std::string_view text);
+    void P_ReadLine(std::string_view line);
     void P_Include(std::string_view path);
-    void P_AddFieldLine(std::string_view text);
+    std::optional<Problem> P_Follow(std::filesystem::path const& target);
     void P_AddLine(LineFormat format, std::string_view text);
+    void P_CutFields();
     void P_CheckName(Line const& line) const;
     std::string_view P_WithoutTabs(std::string_view text);
     LineReporter P_Report() const;

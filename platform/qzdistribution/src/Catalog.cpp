@@ -197,6 +197,16 @@ bool Catalog::AddTable(unsigned int set, qzString const& name, unsigned int& tab
     return true;
 }
 
+bool Catalog::NameTable(unsigned int table, qzString const& name) {
+    Table& named = m_tables[table];
+    auto& names = m_sets[named.set].namedTables;
+    names.erase(named.name);
+    named.name = name;
+    if (!name.empty())
+        names.emplace(name, table);
+    return m_nameTable.Run(table, name);
+}
+
 bool Catalog::RemoveTable(unsigned int table) {
     Table const& removed = m_tables[table];
     m_sets[removed.set].tables.erase(table);

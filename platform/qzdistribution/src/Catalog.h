@@ -39,12 +39,14 @@ public:
     bool Load();
 
     std::map<unsigned int, TableSet> const& GetTableSets() const { return m_sets; }
+    std::map<unsigned int, Table> const& GetTables() const { return m_tables; }
     TableSet const* FindTableSet(unsigned int set) const;
     Table const* FindTable(unsigned int table) const;
 
     bool AddTableSet(qzString const& name, unsigned int& set);
     bool RemoveTableSet(unsigned int set);
     bool AddTable(unsigned int set, qzString const& name, unsigned int& table);
+    bool NameTable(unsigned int table, qzString const& name);
     /// Of a table without columns.
     bool RemoveTable(unsigned int table);
 
@@ -88,6 +90,7 @@ private:
     Statement m_addSet{m_connection, "INSERT INTO table_set VALUES(?, ?)"};
     Statement m_removeSet{m_connection, "DELETE FROM table_set WHERE id = ?"};
     Statement m_addTable{m_connection, "INSERT INTO data_table VALUES(?, ?, ?)"};
+    Statement m_nameTable{m_connection, "UPDATE data_table SET name = ?2 WHERE id = ?1"};
     Statement m_removeTable{m_connection, "DELETE FROM data_table WHERE id = ?"};
     Statement m_addColumn{m_connection, "INSERT INTO data_column VALUES(?, ?, ?, ?, ?)"};
     Statement m_removeColumn{m_connection, "DELETE FROM data_column WHERE id = ?"};

@@ -19,7 +19,8 @@ std::unique_ptr<Database> Database::Open(qzString const& path, qzString& failure
     if (connection == nullptr)
         return nullptr;
     std::unique_ptr<Database> database(new Database(std::move(connection)));
-    if (TakeDatabase(*database->m_connection) && database->m_catalog.Load())
+    if (TakeDatabase(*database->m_connection) && database->m_catalog.Load() &&
+        database->P_DropNamelessTables())
         return database;
     failure = database->GetFailure();
     return nullptr;

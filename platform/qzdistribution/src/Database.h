@@ -38,6 +38,7 @@ public:
     bool FindTable(unsigned int set, qzString const& name, unsigned int& table);
     bool GetTables(unsigned int set, qzStlVector<unsigned int>& tables);
     bool HasTable(unsigned int table) const { return P_Table(table) != nullptr; }
+    bool SetTableName(unsigned int table, qzString const& name);
     bool GetTableName(unsigned int table, qzString& name);
     bool GetTableSet(unsigned int table, unsigned int& set);
     bool DropTable(unsigned int table);
@@ -106,6 +107,7 @@ private:
 
     // Steps of changes, for what is known to be there.
     bool P_DropTable(unsigned int table);
+    bool P_DropNamelessTables();
     bool P_DropColumn(unsigned int table, unsigned int column);
     bool P_AddClone(Table const& source, bool withRows, unsigned int& copy);
     template <class T>

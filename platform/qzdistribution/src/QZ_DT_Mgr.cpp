@@ -245,6 +245,10 @@ QZDT_Result QZ_DT_Mgr::GetTableSet(QZDT_TableHandle const& table, QZDT_DTSHandle
     return m_private->CallForHandle(table, set, &Database::GetTableSet, table.GetIndex());
 }
 
+QZDT_Result QZ_DT_Mgr::SetName(QZDT_TableHandle const& table, qzString const& name) {
+    return m_private->Call(table, &Database::SetTableName, table.GetIndex(), name);
+}
+
 QZDT_Result QZ_DT_Mgr::DropTable(QZDT_TableHandle const& table) {
     return m_private->Call(table, &Database::DropTable, table.GetIndex());
 }

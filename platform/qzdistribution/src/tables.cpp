@@ -3,6 +3,7 @@
 #include "Database.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace qzdt {
 
@@ -101,6 +102,17 @@ bool Database::GetTables(unsigned int set, qzStlVector<unsigned int>& tables) {
     return owner != nullptr;
 }
 
+bool Database::SetTableName(unsigned int table, qzString const& name) {
+    Table const* const named = P_Table(table);
+    if (named == nullptr)
+        return false;
+    auto const& names = m_catalog.FindTableSet(named->set)->namedTables;
+    auto const taken = names.find(name);
+    if (taken != names.end() && taken->second != table)
+        return P_Fail("There is a table of this name in the set already.");
+    return P_Perform([&] { return m_catalog.NameTable(table, name); });
+}
+
 bool Database::GetTableName(unsigned int table, qzString& name) {
     Table const* const found = P_Table(table);
     if (found != nullptr)
@@ -126,6 +138,19 @@ bool Database::P_DropTable(unsigned int table) {
             return false;
     }
     return m_catalog.RemoveTable(table);
+}
+
+// Nobody can reach what had no name when the database was closed, or its process died.
+bool Database::P_DropNamelessTables() {
+    std::vector<unsigned int> nameless;
+    for (auto const& [id, table] : m_catalog.GetTables()) {
+        if (table.name.empty())
+            nameless.push_back(id);
+    }
+    return nameless.empty() || P_Perform([&] {
+               return std::ranges::all_of(nameless,
+                                          [this](unsigned int table) { return P_DropTable(table); });
+           });
 }
 
 // --- clones ---

@@ -82,12 +82,14 @@ public:
 
     // --- tables ---
 
-    /// Names are any bytes and different within a set; any number of tables have none (an empty name).
+    /// Names are any bytes and different within a set; any number of tables have none (an empty name), and
+    /// go with the database's closing or its process.
     QZDT_Result CreateTable(QZDT_DTSHandle const& set, qzString const& name, QZDT_TableHandle& table);
     QZDT_Result OpenTable(QZDT_DTSHandle const& set, qzString const& name, QZDT_TableHandle& table) const;
     /// In the order in which they were made.
     QZDT_Result GetTables(QZDT_DTSHandle const& set, qzStlVector<QZDT_TableHandle>& tables) const;
     QZDT_Result GetName(QZDT_TableHandle const& table, qzString& name) const;
+    QZDT_Result SetName(QZDT_TableHandle const& table, qzString const& name);
     QZDT_Result GetTableSet(QZDT_TableHandle const& table, QZDT_DTSHandle& set) const;
     QZDT_Result DropTable(QZDT_TableHandle const& table);
 

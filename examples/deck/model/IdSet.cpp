@@ -1,4 +1,4 @@
-#include "facts/IdSet.h"
+#include "model/IdSet.h"
 
 #include <algorithm>
 
