@@ -21,6 +21,13 @@ void TakeCard(CLI::App& command, Arguments& arguments) {
     command.add_flag("--markdown", arguments.isMarkdown, "As Markdown instead of text");
 }
 
+void TakeDeckAndCard(CLI::App& command, Arguments& arguments) {
+    TakeDeck(command, arguments);
+    command.add_option("CARD", arguments.card, "The name of a card")->required();
+    command.add_option("ID", arguments.id, "Its number")->required();
+    command.add_flag("--csv", arguments.isCsv, "As comma-separated values instead of text");
+}
+
 struct Command {
     char const* name;
     char const* purpose;
@@ -32,6 +39,7 @@ constexpr Command s_commands[] = {
     {"facts", "Print counts and sums of a deck as JSON", TakeDeck, qzDeck::PrintFacts},
     {"check", "Find what is wrong with a deck", TakeDeck, qzDeck::Check},
     {"describe", "Tell what the fields of a card are", TakeCard, qzDeck::DescribeCards},
+    {"table", "Print the list that a card holds", TakeDeckAndCard, qzDeck::PrintTable},
     {"write", "Write a deck anew, as one file", TakeDeckAndOutput, qzDeck::Write},
 };
 
