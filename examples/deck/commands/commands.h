@@ -27,5 +27,6 @@ int Check(Arguments const& arguments);
 int Write(Arguments const& arguments);
 int DescribeCards(Arguments const& arguments);
 int PrintTable(Arguments const& arguments);
+int Store(Arguments const& arguments);
 
 } // namespace qzDeck
