@@ -92,7 +92,7 @@ private:
         } else {
             EXPECT_TRUE(Done(Store().CloneTable(table, copy)));
         }
-        EXPECT_TRUE(Done(Store().SetName(copy, NewName()))) << "which makes it last";
+        EXPECT_TRUE(Done(Store().SetName(copy, NewName())));
         m_model.push_back(std::move(clone));
     }
 

@@ -63,6 +63,11 @@ private:
     std::size_t m_endOfRange = 0;               // the column of the next id, when that ends a range
 };
 
+std::vector<Field> ColumnsOf(Card const& card) {
+    CardDefinition const* const definition = card.Kind().definition;
+    return definition == nullptr ? std::vector<Field>() : ListColumns(*definition);
+}
+
 } // namespace
 
 std::vector<Field> ListColumns(CardDefinition const& card) {
@@ -79,9 +84,11 @@ std::vector<Field> ListColumns(CardDefinition const& card) {
 }
 
 TableRows ListRows(Card const& card) {
-    CardDefinition const& definition = *card.Kind().definition;
-    Fields const fields = definition.TailFields();
-    ListReader reader(ListColumns(definition));
+    std::vector<Field> columns = ColumnsOf(card);
+    if (columns.empty())
+        return {};
+    Fields const fields = card.Kind().definition->TailFields();
+    ListReader reader(std::move(columns));
     PlacedFields placed;
     card.Place(placed);
     auto const& values = card.Values();
@@ -102,10 +109,6 @@ TabularDefinition MakeTableDefinition(CardDefinition const& card) {
     return TabularDefinition(card.Title(), columns, true, true, std::string(), std::string());
 }
 
-Tabular MakeTable(Card const& card) {
-    CardDefinition const* const definition = card.Kind().definition;
-    auto const columns = definition == nullptr ? std::vector<Field>() : ListColumns(*definition);
-    return columns.empty() ? Tabular() : MakeTable(columns, ListRows(card));
-}
+Tabular MakeTable(Card const& card) { return MakeTable(ColumnsOf(card), ListRows(card)); }
 
 } // namespace qzDeck

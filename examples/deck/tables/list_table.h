@@ -20,7 +20,7 @@ namespace qzDeck {
 
 /// What the columns are; none for cards without a table.
 std::vector<Field> ListColumns(CardDefinition const& card);
-/// Rows that are blank as a whole are none. For cards with a table.
+/// Without those that are blank as a whole; none for cards without a table.
 TableRows ListRows(Card const& card);
 
 /// Without columns for cards without a table.

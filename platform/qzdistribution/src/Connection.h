@@ -76,9 +76,10 @@ private:
     std::int64_t P_GetInteger(int column) const;
     std::string_view P_GetBytes(int column) const;
 
-    Connection& m_connection;
-    char const* m_sql;
-    sqlite3_stmt* m_handle = nullptr;
+    // Nothing uses them in a library without SQLite.
+    [[maybe_unused]] Connection& m_connection;
+    [[maybe_unused]] char const* m_sql;
+    [[maybe_unused]] sqlite3_stmt* m_handle = nullptr;
 };
 
 /// One run of a statement over its rows; what is being read ends with it.

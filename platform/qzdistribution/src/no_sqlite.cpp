@@ -9,12 +9,12 @@ std::unique_ptr<Connection> Connection::Open(qzString const&, qzString& failure)
     return nullptr;
 }
 
-Connection::~Connection() = default;
+Connection::~Connection() {}
 bool Connection::Execute(char const*) { return false; }
 bool Connection::IsReadOnly() const { return true; }
 bool Connection::IsInTransaction() const { return false; }
 
-Statement::~Statement() = default;
+Statement::~Statement() {}
 bool Statement::P_Prepare() { return false; }
 bool Statement::P_Bind(int, std::int64_t) { return false; }
 bool Statement::P_Bind(int, std::string_view) { return false; }
