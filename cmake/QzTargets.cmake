@@ -37,3 +37,19 @@ function(qz_target target)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden
                         VISIBILITY_INLINES_HIDDEN ON POSITION_INDEPENDENT_CODE ON)
 endfunction()
+
+# qz_shared_library(NAME MACRO FOLDER HEADERS): a shared library of ours, whose exported headers are the folder
+# FOLDER below HEADERS, with an Export.h that defines MACRO. Installed libraries find each other.
+function(qz_shared_library target macro folder headers)
+  add_library(qzdescriptor::${target} ALIAS ${target})
+  qz_target(${target})
+  qz_bind_own_calls(${target})
+  generate_export_header(${target} EXPORT_MACRO_NAME ${macro}
+                         EXPORT_FILE_NAME ${PROJECT_BINARY_DIR}/include/${folder}/Export.h)
+  set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+                        INSTALL_RPATH $ORIGIN)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${headers}>
+                                              $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
+                                              $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+endfunction()

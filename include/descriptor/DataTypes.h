@@ -36,7 +36,7 @@ enum CompoundType : std::int32_t {
     CT_QUALIFIER = 8,
     CT_FORMULA = 9,
     CT_FUNCTION = 10,
-    CT_TABULAR = 11 ///< a table; made only from a handle of the external table store
+    CT_TABULAR = 11 ///< a table; made only from a handle: in memory when that is invalid
 };
 
 /// The triple (basic type, compound type, array dimension) folded into one code by `DataTypeUtils`.

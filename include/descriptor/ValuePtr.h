@@ -28,7 +28,8 @@ public:
     virtual unsigned int GetArrayDimension() const;
     /// In a bag: the number of elements under an entity type.
     virtual unsigned int GetArrayDimensionExtent(EntityFullType const& type) const;
-    /// The length along a dimension (0 the outer one, 1 the first row's); 0 for a single element.
+    /// The length along a dimension (0 the outer one, 1 the first row's); 0 for a single element. The rows
+    /// and columns of a table.
     virtual unsigned int GetArrayDimensionExtent(unsigned int dimension) const;
     virtual EntityFullType GetEntityFullType() const;
     virtual bool IsBagType() const;
@@ -360,7 +361,8 @@ public:
     /// A holder of an empty list with room for `count` elements or, when there are to be columns, of an empty
     /// two-level list with room for `count` rows; rows come to be by writing.
     /// For entities without columns, `count` selects the kind instead: 1 a list, 3 a bag, 4 a register of
-    /// bags. Null for count 0 and for types without a list.
+    /// bags. Compound type CT_TABULAR makes a table whatever the count: an empty one in memory, or the one of
+    /// a valid handle. Otherwise null for count 0 and for types without a list.
     static ValuePtr* Create(BasicType basic, CompoundType compound, unsigned int count, unsigned int columns,
                             DisplayStatus status, QZDT_DBHandle const& database);
 

@@ -1,4 +1,5 @@
 #include "descriptor/qzdescriptor.h"
+#include "qzdistribution/QZ_DT_Mgr.h"
 
 #include <iostream>
 
@@ -8,5 +9,5 @@ int main() {
     qzString text;
     value.GetValueAsString(text, "%.2f");
     std::cout << text << '\n';
-    return text != "2.50";
+    return text != "2.50" || QZ_DT_Mgr::GetInstance().GetTagForTableEntityType({1, 0, "", "", 0}) == 0;
 }

@@ -85,6 +85,35 @@ TEST(Command, DescribeTellsOfOneCardOrOfAll) {
         EXPECT_NE(all.find(title), std::string::npos) << title;
 }
 
+TEST(Command, TablePrintsTheListsOfACard) {
+    DeckFolder const folder;
+    std::string const deck = "table \"" + OwnDeck("footbridge.bdf") + "\" ";
+    EXPECT_EQ(Call(folder, deck + "load 100").output, "  SI  LI\n1.35   1\n 1.5   2\n");
+    EXPECT_EQ(Call(folder, deck + "SPC1 1 --csv").output, "G,THRU\n101,\n201,\n301,\n107,307\n");
+    for (char const* refused : {"SPC1 2", "GRID 101", "PBARL 1", "NONE 1", "SPC1"}) {
+        Outcome const outcome = Call(folder, deck + refused);
+        EXPECT_EQ(outcome.status, 2) << refused;
+        EXPECT_EQ(outcome.output, "") << refused;
+        EXPECT_NE(outcome.errors, "") << refused;
+    }
+}
+
+TEST(Command, StoreTellsOfEachTable) {
+    DeckFolder const folder;
+    std::string const deck = "\"" + folder.Write("deck.bdf", "GRID,1\nGRID,2\nCROD,3,4,1,2\n") + "\"";
+    std::string const file = (folder.Path() / "deck.db").string();
+    std::string const told = "GRID: 2 rows, 8 columns, equal\nCROD: 1 rows, 4 columns, equal\n";
+    for (int time = 0; time < 2; ++time) {
+        Outcome const outcome = Call(folder, "store " + deck + " \"" + file + "\"");
+        EXPECT_EQ(outcome.status, 0) << outcome.errors;
+        EXPECT_EQ(outcome.output, told);
+    }
+    Outcome const refused = Call(folder, "store " + deck + " " + deck);
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.output, "");
+    EXPECT_NE(refused.errors.find("cannot store in"), std::string::npos);
+}
+
 TEST(Command, CheckTellsAndCountsWhatItFinds) {
     DeckFolder const folder;
     struct Case {

@@ -20,7 +20,7 @@ Definition MakeDefinition(unsigned int i) {
 TEST(DefinitionPool, PutsDefinitionsSideBySide) {
     std::vector<std::unique_ptr<Definition>> definitions;
     int neighbours = 0;
-    for (int i = 0; i < 100; ++i) {
+    for (unsigned int i = 0; i < 100; ++i) {
         definitions.push_back(std::make_unique<Definition>());
         if (i > 0)
             neighbours += definitions[i].get() - definitions[i - 1].get() == 1;

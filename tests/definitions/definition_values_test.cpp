@@ -31,7 +31,9 @@ TEST(ValuesOfDefinitions, AreOfTheirTypeAndDimension) {
         auto const dimension = static_cast<unsigned int>(code / (16 * 14));
         SCOPED_TRACE(testing::Message() << basic << '/' << compound << " dimension " << dimension);
         Definition const definition = MakeDefinition(basic, compound, dimension);
-        Value expected = DataTypeUtils::GetValueConstruct(basic, compound, dimension);
+        Value expected = compound == CT_TABULAR
+                             ? Value(basic, compound, 0, 0, DS_ON, QZDT_DBHandle())
+                             : DataTypeUtils::GetValueConstruct(basic, compound, dimension);
         expected.SetDisplayStatus(DS_ON);
         EXPECT_EQ(MakeValue(definition), expected);
         EXPECT_EQ(DataTypeUtils::GetValueDataType(&definition),
@@ -42,6 +44,7 @@ TEST(ValuesOfDefinitions, AreOfTheirTypeAndDimension) {
     EXPECT_EQ(DataTypeUtils::GetValueDataType(nullptr), DT_UNKNOWN);
     EXPECT_NE(MakeValue(MakeDefinition(BT_OBJECT, CT_FORMULA, 3)).GetValuePointerFormulaBag(), nullptr);
     EXPECT_NE(MakeValue(MakeDefinition(BT_UINT, CT_ENTITY, 4)).GetValuePointerEntityListBagList(), nullptr);
+    EXPECT_NE(MakeValue(MakeDefinition(BT_OBJECT, CT_TABULAR, 0)).GetValuePointerTabular(), nullptr);
     EXPECT_EQ(MakeValue(MakeDefinition(BT_DOUBLE, CT_SCALAR, 0xFFFFFFFF)), Value());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "descriptor/qzdescriptor.h"
+#include "tabular/column_types.h"
 #include "values/storage/type_traits.h"
 
 #include <gtest/gtest.h>
@@ -125,7 +126,16 @@ struct Samples<Function> {
     static Function Make(int k) { return Function(Function::USAGE_NONE, "f" + std::to_string(k)); }
 };
 
-/// A container of a kind with `count` elements made from the samples; bags hold what their type allows.
+template <class List>
+struct TypesOf;
+template <class... T>
+struct TypesOf<TypeList<T...>> {
+    using Type = testing::Types<T...>;
+    static void ForEach(auto&& visitor) { (visitor(std::type_identity<T>()), ...); }
+};
+
+/// A container of a kind with `count` elements made from the samples; bags hold what their type allows, and
+/// tables have a column of every type.
 template <class C>
 C MakeContainer(int first, unsigned int count = 3) {
     using T = typename ContainerTraits<C>::Element;
@@ -141,6 +151,12 @@ C MakeContainer(int first, unsigned int count = 3) {
         EntityListBagList bags;
         bags.Modify(bags.Register(7, "set")) = MakeContainer<EntityListBag>(first, count);
         return bags;
+    } else if constexpr (std::is_same_v<C, Tabular>) {
+        Tabular table;
+        TypesOf<ColumnTypes>::ForEach([&]<class List>(std::type_identity<List>) {
+            table.InsertColumn(MakeContainer<List>(first, count), table.GetColumnCount());
+        });
+        return table;
     } else if constexpr (ContainerTraits<C>::s_kind == Kind::Array1) {
         C list;
         Value value(ValuePtr::Create(C(), DS_DEFAULT));
@@ -157,14 +173,6 @@ C MakeContainer(int first, unsigned int count = 3) {
         return grid;
     }
 }
-
-template <class List>
-struct TypesOf;
-template <class... T>
-struct TypesOf<TypeList<T...>> {
-    using Type = testing::Types<T...>;
-    static void ForEach(auto&& visitor) { (visitor(std::type_identity<T>()), ...); }
-};
 
 /// Calls the visitor with every element type.
 void ForEachElementType(auto&& visitor) { TypesOf<ElementTypes>::ForEach(visitor); }

@@ -60,6 +60,17 @@ TEST(ArrayFactory, SelectsTheKindOfEntityCollectionByCount) {
     EXPECT_NE(MakeArray(BT_UINT, CT_ENTITY, 5, 1).GetValuePointerEntityList2(), nullptr);
 }
 
+TEST(ArrayFactory, MakesATableWhateverTheCount) {
+    for (unsigned int count : {0u, 4u}) {
+        Value const value = MakeArray(BT_DOUBLE, CT_TABULAR, count, count);
+        ASSERT_NE(value.GetValuePointerTabular(), nullptr);
+        EXPECT_EQ(value.GetValuePointerTabular()->GetColumnCount(), 0u);
+        EXPECT_EQ(value.GetDisplayStatus(), DS_ON);
+    }
+    EXPECT_EQ(DataTypeUtils::GetValueConstruct(BT_OBJECT, CT_TABULAR, 0).GetValuePtr(), nullptr)
+        << "tables are made from handles";
+}
+
 TEST(Bags, AreReadAndWrittenByEntityType) {
     EntityFullType const grid("GRID"), shell("CQUAD4");
     EntityListBag lists;

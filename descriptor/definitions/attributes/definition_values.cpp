@@ -5,6 +5,7 @@
 #include "descriptor/Definition.h"
 #include "descriptor/Value.h"
 #include "values/storage/CreateDefault.h"
+#include "values/storage/CreateTable.h"
 
 namespace qzDescriptor {
 
@@ -19,9 +20,11 @@ bool GetDefaultOfOwnType(Definition const& definition, Value& value) {
 } // namespace
 
 ValuePtr* ValuePtr::Create(Definition const* definition, DisplayStatus status,
-                           [[maybe_unused]] QZDT_DBHandle const& database) {
+                           QZDT_DBHandle const& database) {
     if (definition == nullptr)
         return nullptr;
+    if (definition->GetValueCompoundType() == CT_TABULAR)
+        return CreateTable(database, status);
     Value value;
     if (!GetDefaultOfOwnType(*definition, value))
         return CreateDefault(definition->GetValueBasicType(), definition->GetValueCompoundType(),

@@ -1,4 +1,5 @@
 #include "values/storage/BagHolders.h"
+#include "values/storage/CreateTable.h"
 #include "values/storage/ElementHolders.h"
 #include "values/storage/ListHolders.h"
 
@@ -91,7 +92,9 @@ ValuePtr* ValuePtr::Create(BasicType basic, CompoundType compound, qzString cons
 }
 
 ValuePtr* ValuePtr::Create(BasicType basic, CompoundType compound, unsigned int count, unsigned int columns,
-                           DisplayStatus status, QZDT_DBHandle const&) {
+                           DisplayStatus status, QZDT_DBHandle const& database) {
+    if (compound == CT_TABULAR)
+        return CreateTable(database, status);
     if (count == 0)
         return nullptr;
     if (compound == CT_ENTITY)

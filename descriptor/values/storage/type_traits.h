@@ -76,7 +76,7 @@ inline constexpr bool s_isOneOf = (std::is_same_v<T, Others> || ...);
 /// Whether values of the type have an order; the others are never less than one another.
 template <class T>
 inline constexpr bool s_ordered = !s_isOneOf<T, Color, Qualifier, Formula, Function, EntityList, EntityList2,
-                                             EntityListBag, EntityListBagList, FormulaBag>;
+                                             EntityListBag, EntityListBagList, FormulaBag, Tabular>;
 
 template <class F, class... T>
 constexpr bool VisitElement(BasicType basic, CompoundType compound, F&& visitor, TypeList<T...>) {

@@ -16,7 +16,9 @@ struct Arguments {
     std::string deck;
     std::string output;
     std::string card;
+    int id = 0;
     bool isMarkdown = false;
+    bool isCsv = false;
 };
 
 int Show(Arguments const& arguments);
@@ -24,5 +26,7 @@ int PrintFacts(Arguments const& arguments);
 int Check(Arguments const& arguments);
 int Write(Arguments const& arguments);
 int DescribeCards(Arguments const& arguments);
+int PrintTable(Arguments const& arguments);
+int Store(Arguments const& arguments);
 
 } // namespace qzDeck

@@ -1,8 +1,9 @@
 #pragma once
 
-/// The name of a thing in the store of tables outside memory, as a plain value: a generation, which tells a
-/// reused place from its earlier user, and an index. An index of all ones, as in every default-made handle,
-/// names nothing.
+/// The name of a thing in the store of tables outside memory, as a plain value. The generation tells one
+/// opening of a database from every other of this process, the index one thing within it from every other: a
+/// handle whose thing is gone is recognised and never names another one. An index of all ones, as in every
+/// default-made handle, names nothing.
 template <class Kind>
 class qzdtHandle {
 public:
@@ -10,6 +11,7 @@ public:
     constexpr qzdtHandle(unsigned int generation, unsigned int index) noexcept
         : m_generation(generation), m_index(index) {}
 
+    /// Says only that the handle once named something; whether it still does, QZ_DT_Mgr knows.
     constexpr bool IsValid() const noexcept { return m_index != 0xFFFFFFFF; }
     constexpr unsigned int GetGeneration() const noexcept { return m_generation; }
     constexpr unsigned int GetIndex() const noexcept { return m_index; }

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "descriptor/EntityFullType.h"
+#include "descriptor/Identifier.h"
+#include "qzutl/qzStlVector.h"
+
+#include <cstdint>
+
+namespace qzDescriptor {
+
+/// What happened to entities. Codes from 100 on are the application's own; all others than these are carried
+/// unchanged.
+enum ENTITY_EVENT_TYPE : std::int32_t {
+    ENTITY_EVENT_NONE = 0,
+    ENTITY_EVENT_CREATED = 1,
+    ENTITY_EVENT_CHANGED = 2, ///< an attribute, which the event's identifier names
+    ENTITY_EVENT_DELETED = 3,
+    ENTITY_EVENT_OWNER_CHANGED = 4,
+    ENTITY_EVENT_APPLICATION = 100
+};
+
+/// Something that happened to entities of one type.
+class QZDESCRIPTOR_API EntityEventInfo {
+public:
+    EntityEventInfo() = default;
+
+    ENTITY_EVENT_TYPE GetEventType() const { return m_eventType; }
+    void SetEventType(ENTITY_EVENT_TYPE eventType) { m_eventType = eventType; }
+    EntityFullType const& GetEntityType() const { return m_entityType; }
+    void SetEntityType(EntityFullType const& entityType) { m_entityType = entityType; }
+    /// The attribute or member concerned; empty when the event is about whole entities.
+    Identifier const& GetIdentifier() const { return m_identifier; }
+    void SetIdentifier(Identifier const& identifier) { m_identifier = identifier; }
+
+    void AddEntityId(unsigned int id) { m_ids.push_back(id); }
+    void AddEntityIdList(qzStlVector<unsigned int> const& ids);
+    void GetEntityIdList(qzStlVector<unsigned int>& ids) const { ids = m_ids; }
+
+    /// Every field; the ids in their order.
+    friend bool operator==(EntityEventInfo const&, EntityEventInfo const&) = default;
+
+private:
+    EntityFullType m_entityType;
+    qzStlVector<unsigned int> m_ids;
+    Identifier m_identifier;
+    ENTITY_EVENT_TYPE m_eventType = ENTITY_EVENT_NONE;
+};
+
+} // namespace qzDescriptor

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "qzinterp/Export.h"
+#include "qzutl/qzStlVector.h"
+#include "qzutl/qzString.h"
+#include "qzutl/qzVariant.h"
+
+#include <functional>
+
+/// The interpreter of one scripting language. Interpreters are registered under the name of their language by
+/// whoever brings them; this library needs none.
+///
+///     if (qzInterp* const python = qzInterp::Get("python")) {
+///         qzString output;
+///         if (!python->Execute("print(6 * 7)", output))
+///             std::cerr << output;                        // says why
+///     }
+class QZINTERP_API qzInterp {
+public:
+    virtual ~qzInterp();
+
+    /// Runs a script text. The output becomes what the script printed and, when it failed, why.
+    virtual bool Execute(qzString const& script, qzString& output) = 0;
+    /// Calls a function of the language's main namespace by its name, likewise.
+    virtual bool Call(qzString const& function, qzStlVector<qzVariant> const& arguments,
+                      qzString& output) = 0;
+
+    /// The interpreter that is registered for a language; null when there is none. It stays with whoever
+    /// registered it.
+    static qzInterp* Get(qzString const& language);
+    /// False when the language has an interpreter already.
+    static bool Register(qzString const& language, qzInterp& interpreter);
+    /// To be called before the interpreter ends. False when the language has none.
+    static bool Unregister(qzString const& language);
+
+    /// Is told what scripts that nobody waits for could not do, such as callbacks of signals. At first
+    /// that goes to standard error.
+    using FailureReport = std::function<void(qzString const& language, qzString const& message)>;
+    static void SetFailureReport(FailureReport report);
+    static void ReportFailure(qzString const& language, qzString const& message);
+
+protected:
+    qzInterp() = default;
+    qzInterp(qzInterp const&) = default;
+    qzInterp& operator=(qzInterp const&) = default;
+};
