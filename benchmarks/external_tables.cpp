@@ -9,6 +9,7 @@
 #    include <sqlite3.h>
 #endif
 
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -41,8 +42,8 @@ void Check(bool succeeded, char const* what) {
     }
 }
 
-/// A path for a new database in the folder for temporary files; whatever stood there is removed.
-std::string NewFile() {
+/// The path of the database that is measured, in the folder for temporary files. Nothing is there afterwards.
+std::string ClearPath() {
     std::string const path =
         (std::filesystem::temp_directory_path() / "qz_bench_external_tables.db").string();
     for (char const* suffix : {"", "-wal", "-shm", "-journal"})
@@ -54,11 +55,14 @@ class Ours {
 public:
     Ours() {
         QZDT_DTSHandle set;
-        Check(m_manager.OpenDatabase(NewFile(), m_database) &&
+        Check(m_manager.OpenDatabase(ClearPath(), m_database) &&
                   m_manager.CreateTableSet(m_database, "set", set) && m_manager.CreateTable(set, "", m_table),
               "open");
     }
-    ~Ours() { Check(bool(m_manager.CloseDatabase(m_database)), "close"); }
+    ~Ours() {
+        Check(bool(m_manager.CloseDatabase(m_database)), "close");
+        ClearPath();
+    }
 
     void Fill() {
         QZDT_Change change(m_database);
@@ -105,7 +109,7 @@ private:
 class SqlRows {
 public:
     SqlRows() {
-        Check(sqlite3_open(NewFile().c_str(), &m_database) == SQLITE_OK, "open");
+        Check(sqlite3_open(ClearPath().c_str(), &m_database) == SQLITE_OK, "open");
         Execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;"
                 "CREATE TABLE data(r INTEGER PRIMARY KEY, c0 REAL, c1 REAL, c2 REAL, c3 REAL, c4 REAL)");
         for (unsigned int column = 0; column < s_columnCount; ++column) {
@@ -120,6 +124,7 @@ public:
         for (sqlite3_stmt* statement : m_write)
             sqlite3_finalize(statement);
         sqlite3_close(m_database);
+        ClearPath();
     }
 
     void Fill() {

@@ -101,7 +101,7 @@ private:
     };
     using Place = std::list<Cached>::iterator;
 
-    static constexpr std::uint64_t s_mostKept = 16u << 20;
+    static constexpr std::uint64_t s_mostKept = 32u << 20;
     // Far below what SQLite can hold, so that whatever is accepted can be written.
     static constexpr std::uint64_t s_largestChunk = 1u << 29;
     static constexpr char const* s_tooLong = "The texts of neighbouring rows are too long together.";
