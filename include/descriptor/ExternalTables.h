@@ -2,11 +2,12 @@
 
 /// Tables between memory and a store outside of it, and what only the latter have.
 ///
-///     QZ_DT_Mgr& manager = QZ_DT_Mgr::GetInstance();
 ///     QZDT_DBHandle database;
 ///     QZDT_DTSHandle results;
-///     if (manager.OpenDatabase("run.qzdt", database) && manager.CreateTableSet(database, "results", results)) {
-///         Tabular stored = MoveToStore(inMemory, database, results);
+///     QZ_DT_Mgr& manager = QZ_DT_Mgr::GetInstance();
+///     if (manager.OpenDatabase("run.qzdt", database) &&
+///         manager.CreateTableSet(database, "results", results)) {
+///         Tabular stored = CopyToStore(inMemory, database, results);
 ///         NameTable(stored, "displacements");               // stays in the file when `stored` ends
 ///     }
 
