@@ -1,5 +1,7 @@
 #include "deck/DeckFolder.h"
 
+#include "qzdistribution/QZ_DT_Mgr.h"
+
 #include <array>
 #include <atomic>
 #include <charconv>
@@ -92,4 +94,10 @@ std::string ReportsOf(qzDeck::Model const& model) {
         text += whole.substr(path + 1) + "\n";
     }
     return text;
+}
+
+bool HasTableStore() {
+    QZDT_DBHandle database;
+    QZ_DT_Mgr& manager = QZ_DT_Mgr::GetInstance();
+    return manager.OpenDatabase(":memory:", database) && manager.CloseDatabase(database);
 }

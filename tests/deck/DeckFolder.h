@@ -38,3 +38,6 @@ std::string TextOf(qzDeck::Model const& model);
 
 /// The reports without the path: `7: a blank inside a number: '1. 5'`, one a line.
 std::string ReportsOf(qzDeck::Model const& model);
+
+/// Whether databases of tables can be opened: not when the library was built without SQLite.
+bool HasTableStore();

@@ -99,6 +99,8 @@ TEST(Command, TablePrintsTheListsOfACard) {
 }
 
 TEST(Command, StoreTellsOfEachTable) {
+    if (!HasTableStore())
+        GTEST_SKIP() << "built without SQLite";
     DeckFolder const folder;
     std::string const deck = "\"" + folder.Write("deck.bdf", "GRID,1\nGRID,2\nCROD,3,4,1,2\n") + "\"";
     std::string const file = (folder.Path() / "deck.db").string();

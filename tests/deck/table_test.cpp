@@ -151,6 +151,8 @@ std::vector<bool> StoreAndCompare(Model const& model, std::string const& file, s
 using Equal = std::vector<bool>;
 
 TEST(TableStore, ReplacesTheSetOfTheNameAndNoOther) {
+    if (!HasTableStore())
+        GTEST_SKIP() << "built without SQLite";
     DeckFolder const folder;
     std::string const file = (folder.Path() / "model.db").string();
     Model const first = folder.Read("GRID,1,,1.\nCTRIA3,1,1,1,2,3\n");
@@ -175,6 +177,8 @@ TEST(TableStore, RefusesAFileThatIsNoDatabase) {
 }
 
 TEST(TableStore, HoldsEveryDeckAsItIs) {
+    if (!HasTableStore())
+        GTEST_SKIP() << "built without SQLite";
     DeckFolder const folder;
     std::vector<std::string> decks = SharedDecks();
     for (char const* name : {"sampler.bdf", "footbridge.bdf", "faults.bdf", "broken.bdf"})
