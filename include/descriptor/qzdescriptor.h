@@ -30,6 +30,8 @@
 #include "descriptor/Forward.h"
 #include "descriptor/Function.h"
 #include "descriptor/Identifier.h"
+#include "descriptor/Members.h"
+#include "descriptor/MetaclassMgr.h"
 #include "descriptor/Qualifier.h"
 #include "descriptor/ScalarStorage.h"
 #include "descriptor/Tabular.h"
