@@ -179,8 +179,8 @@ TEST(SessionsOfARegistryThatEnds, LetTheirListenersDoWhatTheyLike) {
         for (ISession* const session : sessions)
             session->GetSigSlotHandler()->GetSessionDeletedSignal()->Connect([&](qzString const&) {
                 ++ended;
-                registry.RemoveSession(sessions[2]);
-                registry.RemoveSession(sessions[1]);
+                for (char const* const name : {"c", "b"})
+                    registry.RemoveSession(registry.GetSession(name)); // null once it has ended
                 EXPECT_EQ(registry.GetSession("new"), nullptr);
             });
     }
