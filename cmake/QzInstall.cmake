@@ -2,14 +2,15 @@
 
 include(CMakePackageConfigHelpers)
 
-install(TARGETS qzdescriptor qzutl qzdistribution qzinterp qzsigslot EXPORT qzdescriptorTargets
+install(TARGETS qzdescriptor qzutl qzdistribution qzinterp qzsigslot selexpr EXPORT qzdescriptorTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 foreach(folder include/descriptor platform/qzutl/include/qzutl platform/qzdistribution/include/qzdistribution
-               platform/qzinterp/include/qzinterp platform/qzsigslot/include/qzsigslot)
+               platform/qzinterp/include/qzinterp platform/qzsigslot/include/qzsigslot
+               platform/selexpr/include/selexpr)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           FILES_MATCHING PATTERN "*.h")
 endforeach()
-foreach(folder descriptor qzdistribution qzinterp qzsigslot)
+foreach(folder descriptor qzdistribution qzinterp qzsigslot selexpr)
   install(FILES ${PROJECT_BINARY_DIR}/include/${folder}/Export.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
 
