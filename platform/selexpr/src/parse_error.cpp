@@ -35,7 +35,9 @@ ParseError DescribeError(qzString const& text, std::size_t offset, std::size_t s
                          qzString const& expected) {
     std::string_view const whole(text);
     ParseError error{offset, CountCharacters(whole.substr(0, offset)) + 1, {}, expected, {}};
-    error.found = size == 0 ? "the end" : "'" + Shorten(whole.substr(offset, size)) + "'";
+    qzString const shown = Shorten(whole.substr(offset, size));
+    bool const isQuoted = shown.starts_with('"') || shown.starts_with('\'');
+    error.found = size == 0 ? "the end" : isQuoted ? shown : "'" + shown + "'";
     error.message =
         "at " + std::to_string(error.position) + ": found " + error.found + ", expected " + expected;
     return error;
