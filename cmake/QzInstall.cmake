@@ -4,6 +4,10 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS qzdescriptor qzutl qzdistribution qzinterp qzsigslot EXPORT qzdescriptorTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+get_property(interpreters GLOBAL PROPERTY QZ_INTERPRETERS)
+if(interpreters)
+  install(TARGETS ${interpreters} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
 foreach(folder include/descriptor platform/qzutl/include/qzutl platform/qzdistribution/include/qzdistribution
                platform/qzinterp/include/qzinterp platform/qzsigslot/include/qzsigslot)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
