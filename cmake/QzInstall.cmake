@@ -5,6 +5,10 @@ include(CMakePackageConfigHelpers)
 set(libraries qzdescriptor store qzutl qzdistribution qzinterp qzsigslot selexpr)
 install(TARGETS ${libraries} EXPORT qzdescriptorTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+get_property(interpreters GLOBAL PROPERTY QZ_INTERPRETERS)
+if(interpreters)
+  install(TARGETS ${interpreters} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
 foreach(folder include/descriptor store/include/store platform/qzutl/include/qzutl
                platform/qzdistribution/include/qzdistribution platform/qzinterp/include/qzinterp
                platform/qzsigslot/include/qzsigslot platform/selexpr/include/selexpr)
