@@ -1,9 +1,13 @@
-// One query over 1,000,000 objects, beside SQLite in memory with the same data. What is measured is the
-// filter alone: objects are there, the text is parsed and the statement prepared.
+// One query over 1,000,000 objects, beside SQLite in memory with the same data: over plain structures, and
+// over the objects of a session. What is measured is the filter alone: objects are there, the text is parsed
+// and the statement prepared; only the session parses its text each time, and lists what it finds.
 
+#include "descriptor/qzdescriptor.h"
 #include "selexpr/IDataFilter.h"
 #include "selexpr/IDataInterface.h"
 #include "selexpr/IRequest.h"
+#include "store/Registry.h"
+#include "store/Session.h"
 
 #include <benchmark/benchmark.h>
 
@@ -118,6 +122,55 @@ private:
     std::unique_ptr<IRequest> m_request;
 };
 
+/// The parts as objects of a session.
+class PartSession {
+public:
+    static PartSession const& Get() {
+        static PartSession const s_session;
+        return s_session;
+    }
+
+    long long Count(char const* query) const {
+        qzDescriptor::EntityList found;
+        return static_cast<long long>(m_session->Collect(found, m_type, query));
+    }
+
+private:
+    PartSession() {
+        using namespace qzDescriptor;
+        unsigned int const part =
+            m_registry.Insert("Part", Version(), "", MetaclassMgr::CONFIG_USAGE_NONE, "");
+        Definition thickness, name;
+        thickness.SetValueBasicType(BT_DOUBLE);
+        name.SetValueBasicType(BT_STRING);
+        Identifier const t("thickness"), n("name");
+        m_registry.InsertAttribute(part, t, thickness, Identifier(), {});
+        m_registry.InsertAttribute(part, n, name, Identifier(), {});
+        m_session = m_registry.GetSession("parts");
+        for (Part const& each : GetParts()) {
+            Entity created;
+            Check(m_session->Create(m_type, created, Entity(), Identifier()).status == 0, "create");
+            Metaobject const* const object = m_session->Get(created);
+            Check(object->SetValue(t, Value(each.thickness)).status == 0 &&
+                      object->SetValue(n, Value(each.name)).status == 0,
+                  "set");
+        }
+    }
+
+    qzDescriptor::store::Registry m_registry;
+    qzDescriptor::ISession* m_session = nullptr;
+    qzDescriptor::EntityFullType m_type{qzString("Part")};
+};
+
+class OurSession {
+public:
+    explicit OurSession(Case const& each) : m_query(each.query) {}
+    long long Count() { return PartSession::Get().Count(m_query); }
+
+private:
+    char const* m_query;
+};
+
 #ifdef QZ_HAVE_SQLITE
 class Sqlite {
 public:
@@ -185,6 +238,7 @@ bool const s_registered = [] {
     for (Case const& each : s_cases) {
         long long const expected = Ours(each).Count();
         Register<Ours>("ours", each, expected);
+        Register<OurSession>("ours (session)", each, expected);
 #ifdef QZ_HAVE_SQLITE
         Register<Sqlite>("SQLite", each, expected);
 #endif

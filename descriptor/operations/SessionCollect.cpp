@@ -4,6 +4,8 @@
 #include "descriptor/Metaobject.h"
 #include "operations/TypeQuery.h"
 
+#include <algorithm>
+
 namespace qzDescriptor {
 
 namespace {
