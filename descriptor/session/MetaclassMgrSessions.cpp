@@ -5,7 +5,8 @@
 #include "descriptor/MetaclassMgr.h"
 #include "registry/MetaclassMgrPrivate.h"
 
-#include <utility>
+#include <algorithm>
+#include <map>
 
 namespace qzDescriptor {
 
