@@ -3,6 +3,7 @@
 
 #include "descriptor/ISession.h"
 #include "descriptor/MetaclassMgr.h"
+#include "descriptor/ScriptSession.h"
 #include "registry/MetaclassMgrPrivate.h"
 
 #include <algorithm>
@@ -49,6 +50,12 @@ bool MetaclassMgr::SetCurrentSession(qzString const& name) {
     return true;
 }
 
+ISession* MetaclassMgr::P_FindCurrentSession() const {
+    Table const& sessions = m_private->sessions;
+    auto const known = std::ranges::find(sessions, m_private->currentSession, &Table::value_type::second);
+    return known != sessions.end() ? known->second : nullptr;
+}
+
 bool MetaclassMgr::P_SessionCreated(ISession* session) {
     if (m_private->end == MetaclassMgrPrivate::End::LastSessions)
         return false;
@@ -92,6 +99,8 @@ void MetaclassMgr::P_DeleteSessions() {
                 RemoveSession(session);
         }
     }
+    if (GetScriptRegistry() == this)
+        SetScriptRegistry(nullptr);
 }
 
 } // namespace qzDescriptor

@@ -192,6 +192,7 @@ public:
 
 private:
     friend class ISession;
+    friend QZDESCRIPTOR_API ISession* GetScriptSession();
 
     MetaclassMgr(MetaclassMgr const&) = delete;
     MetaclassMgr& operator=(MetaclassMgr const&) = delete;
@@ -203,6 +204,8 @@ private:
     void P_SessionEnding(ISession* session);
     void P_SessionDeleted(ISession* session);
     void P_DeleteSessions();
+    // Null when the current session has ended.
+    ISession* P_FindCurrentSession() const;
 
     std::unique_ptr<MetaclassMgrPrivate> m_private;
 };
