@@ -2,14 +2,14 @@
 
 include(CMakePackageConfigHelpers)
 
-install(TARGETS qzdescriptor qzutl qzdistribution qzinterp qzsigslot EXPORT qzdescriptorTargets
+install(TARGETS qzdescriptor store qzutl qzdistribution qzinterp qzsigslot EXPORT qzdescriptorTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-foreach(folder include/descriptor platform/qzutl/include/qzutl platform/qzdistribution/include/qzdistribution
+foreach(folder include/descriptor store/include/store platform/qzutl/include/qzutl platform/qzdistribution/include/qzdistribution
                platform/qzinterp/include/qzinterp platform/qzsigslot/include/qzsigslot)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           FILES_MATCHING PATTERN "*.h")
 endforeach()
-foreach(folder descriptor qzdistribution qzinterp qzsigslot)
+foreach(folder descriptor store qzdistribution qzinterp qzsigslot)
   install(FILES ${PROJECT_BINARY_DIR}/include/${folder}/Export.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
 

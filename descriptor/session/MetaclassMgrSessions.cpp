@@ -3,9 +3,11 @@
 
 #include "descriptor/ISession.h"
 #include "descriptor/MetaclassMgr.h"
+#include "descriptor/ScriptSession.h"
 #include "registry/MetaclassMgrPrivate.h"
 
-#include <utility>
+#include <algorithm>
+#include <map>
 
 namespace qzDescriptor {
 
@@ -46,6 +48,12 @@ bool MetaclassMgr::SetCurrentSession(qzString const& name) {
         return false;
     m_private->currentSession = known->second;
     return true;
+}
+
+ISession* MetaclassMgr::P_FindCurrentSession() const {
+    Table const& sessions = m_private->sessions;
+    auto const known = std::ranges::find(sessions, m_private->currentSession, &Table::value_type::second);
+    return known != sessions.end() ? known->second : nullptr;
 }
 
 bool MetaclassMgr::P_SessionCreated(ISession* session) {
@@ -91,6 +99,8 @@ void MetaclassMgr::P_DeleteSessions() {
                 RemoveSession(session);
         }
     }
+    if (GetScriptRegistry() == this)
+        SetScriptRegistry(nullptr);
 }
 
 } // namespace qzDescriptor

@@ -151,6 +151,11 @@ public:
     int InsertActionsIntoConfig(unsigned int metaclass, unsigned int config,
                                 qzStlVector<unsigned int> const& actions);
 
+    /// Says what the columns of a table-valued attribute are; null takes that back. An inherited attribute
+    /// becomes the metaclass's own by that. False when there is no such attribute.
+    bool SetTabularDefinition(unsigned int metaclass, unsigned int attribute, unsigned int config,
+                              std::shared_ptr<TabularDefinition const> definition);
+
     /// By identifier and, when there is none and `secondary` is set, by secondary identifier.
     unsigned int FindAttributeHandle(unsigned int metaclass, Identifier const& id, unsigned int config,
                                      bool secondary) const;
@@ -187,6 +192,7 @@ public:
 
 private:
     friend class ISession;
+    friend QZDESCRIPTOR_API ISession* GetScriptSession();
 
     MetaclassMgr(MetaclassMgr const&) = delete;
     MetaclassMgr& operator=(MetaclassMgr const&) = delete;
@@ -198,6 +204,8 @@ private:
     void P_SessionEnding(ISession* session);
     void P_SessionDeleted(ISession* session);
     void P_DeleteSessions();
+    // Null when the current session has ended.
+    ISession* P_FindCurrentSession() const;
 
     std::unique_ptr<MetaclassMgrPrivate> m_private;
 };
