@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -43,14 +44,17 @@ public:
             P_Rehash(cellCount);
     }
 
+    std::size_t GetCount() const { return m_count; }
+
     void Insert(std::uint32_t hash, unsigned int position) {
         Reserve(m_count + 1);
         P_Place({hash, position});
         ++m_count;
     }
 
+    /// Keeps the room.
     void Clear() {
-        m_cells.clear();
+        std::ranges::fill(m_cells, Cell());
         m_count = 0;
     }
 

@@ -35,17 +35,27 @@ public:
 
     /// `growth` is the number of places to make when there is no room, 0 for as many again.
     void Insert(unsigned int index, Pointer member, bool inherited, unsigned int growth) {
+        std::size_t const count = m_places.size() + 1;
         if (growth != 0 && m_places.size() == m_places.capacity())
             m_places.reserve(m_places.size() + growth);
+        if (count > s_scannedCount)
+            m_keys.Reserve(count);
+        if (P_SecondaryId(*member).IsValid())
+            m_secondaryKeys.Reserve(m_secondaryKeys.GetCount() + 1);
+
         m_places.insert(m_places.begin() + index, {std::move(member), inherited});
-        if (m_places.size() > s_scannedCount + 1 && index + 1 == m_places.size())
-            m_index.Insert(P_Hash(m_places.back().member->GetId()), index);
-        else if (m_places.size() > s_scannedCount)
-            P_BuildIndex();
+        if (index + 1 == count && count > s_scannedCount + 1)
+            P_Index(index);
+        else
+            P_IndexAll();
     }
-    /// Puts another member of the same identifier there.
+    /// Puts another member of the same identifier there, or the same one anew after a change.
     void Replace(unsigned int index, Pointer member, bool inherited) {
         m_places[index] = {std::move(member), inherited};
+        if (m_secondaryKeys.GetCount() > 2 * m_places.size()) // there are many that no member has any more
+            P_IndexAll();
+        else
+            P_IndexSecondary(index);
     }
 
     /// The first member from that index on whose identifier is equal.
@@ -54,7 +64,7 @@ public:
             return index >= first && m_places[index].member->GetId() == id;
         };
         if (m_places.size() > s_scannedCount)
-            return m_index.Find(P_Hash(id), matches);
+            return m_keys.Find(P_Hash(id), matches);
         for (unsigned int index = 0; index < m_places.size(); ++index) {
             if (matches(index))
                 return index;
@@ -62,7 +72,18 @@ public:
         return s_none;
     }
 
-    /// Whether it is this very member that stands somewhere; s_none when not.
+    /// The first member from that index on whose secondary identifier is valid and equal.
+    unsigned int FindSecondary(Identifier const& id, unsigned int first) const {
+        unsigned int found = s_none;
+        m_secondaryKeys.Find(P_Hash(id), [&](unsigned int index) {
+            if (index >= first && index < found && P_SecondaryId(*m_places[index].member) == id)
+                found = index;
+            return false;
+        });
+        return id.IsValid() ? found : s_none;
+    }
+
+    /// Where this very member stands.
     unsigned int Find(Member const* member) const {
         unsigned int index = Find(member->GetId());
         while (index != s_none && m_places[index].member.get() != member)
@@ -83,15 +104,42 @@ private:
         return id.UsesNameKey() ? hash ^ HashOf(id.GetNameKey()) : hash;
     }
 
-    void P_BuildIndex() {
-        m_index.Clear();
-        m_index.Reserve(m_places.size());
+    static Identifier const& P_SecondaryId(Member const& member) {
+        if constexpr (requires { member.GetSecondaryId(); }) {
+            return member.GetSecondaryId();
+        } else {
+            static Identifier const s_identifier;
+            return s_identifier;
+        }
+    }
+
+    void P_Index(unsigned int index) {
+        m_keys.Insert(P_Hash(m_places[index].member->GetId()), index);
+        P_IndexSecondary(index);
+    }
+
+    // What stood there before is found no more, since what is found is compared.
+    void P_IndexSecondary(unsigned int index) {
+        Identifier const& id = P_SecondaryId(*m_places[index].member);
+        if (!id.IsValid())
+            return;
+        std::uint32_t const hash = P_Hash(id);
+        auto const isIndexed = [index](unsigned int known) { return known == index; };
+        if (m_secondaryKeys.Find(hash, isIndexed) == s_none)
+            m_secondaryKeys.Insert(hash, index);
+    }
+
+    void P_IndexAll() {
+        m_keys.Clear();
+        m_secondaryKeys.Clear();
+        bool const isScanned = m_places.size() <= s_scannedCount;
         for (unsigned int index = 0; index < m_places.size(); ++index)
-            m_index.Insert(P_Hash(m_places[index].member->GetId()), index);
+            isScanned ? P_IndexSecondary(index) : P_Index(index);
     }
 
     std::vector<Place> m_places;
-    HashIndex m_index; ///< of longer lists
+    HashIndex m_keys; ///< of longer lists
+    HashIndex m_secondaryKeys;
 };
 
 } // namespace qzDescriptor

@@ -64,10 +64,10 @@ unsigned int MembersPrivate::P_Insert(std::shared_ptr<Member> member, bool repla
         return s_none;
     if (existing == s_none && at != s_none && at > list.GetCount())
         return s_none;
-    Member const* const existingMember = list.Get(existing);
+    Member const& shown = existing == s_none ? *member : *list.Get(existing);
     for (qzString const& name : configNames) {
         MembersPrivate const* const subMember = GetSubMember(name);
-        if (subMember != nullptr && !subMember->P_CanShow(*member, existingMember, replace))
+        if (subMember != nullptr && !replace && !subMember->P_CanShow(shown))
             return s_none;
     }
 
@@ -82,11 +82,12 @@ unsigned int MembersPrivate::P_Insert(std::shared_ptr<Member> member, bool repla
     return index;
 }
 
+/// Whether there is no other member of that identifier, but inherited ones.
 template <class Member>
-bool MembersPrivate::P_CanShow(Member const& member, Member const* existing, bool replace) const {
+bool MembersPrivate::P_CanShow(Member const& member) const {
     MemberList<Member> const& list = P_List<Member>();
     unsigned int const index = m_uniqueIdentifiers ? list.Find(member.GetId()) : s_none;
-    return index == s_none || replace || list.IsInherited(index) || list.Get(index) == existing;
+    return index == s_none || list.IsInherited(index) || list.Get(index) == &member;
 }
 
 template <class Member>
@@ -160,6 +161,7 @@ void MembersPrivate::P_Change(unsigned int index, auto const& change) {
         P_Replace(index, std::make_shared<Member>(*list.Get(index)), false);
     std::shared_ptr<Member> const member = list.Share(index);
     change(*member);
+    P_Replace(index, member, false);
     P_PassOn(member);
 }
 
@@ -204,9 +206,12 @@ void MembersPrivate::P_PassOn(std::shared_ptr<Member> const& member) {
                 reached.push_back(heir);
         }
         for (auto const& subMember : set.m_subMembers) {
-            if (subMember->P_List<Member>().Find(member.get()) != s_none &&
-                known.insert(subMember.get()).second)
-                reached.push_back(subMember.get());
+            MemberList<Member>& shown = subMember->P_List<Member>();
+            unsigned int const place = shown.Find(member.get());
+            if (place == s_none || !known.insert(subMember.get()).second)
+                continue;
+            shown.Replace(place, member, shown.IsInherited(place));
+            reached.push_back(subMember.get());
         }
     }
 }
@@ -331,14 +336,7 @@ bool MembersPrivate::GetConfigNames(unsigned int index, ConfigNames& names) cons
 unsigned int MembersPrivate::FindVariableIndexFromIdentifier(Identifier const& id, unsigned int first,
                                                              bool secondary) const {
     unsigned int const index = m_variables.Find(id, first);
-    if (index != s_none || !secondary)
-        return index;
-    for (unsigned int i = first; i < m_variables.GetCount(); ++i) {
-        Identifier const& secondaryId = m_variables.Get(i)->GetSecondaryId();
-        if (secondaryId.IsValid() && secondaryId == id)
-            return i;
-    }
-    return s_none;
+    return index == s_none && secondary ? m_variables.FindSecondary(id, first) : index;
 }
 
 // --- actions --------------------------------------------------------------------------------------------

@@ -88,7 +88,7 @@ private:
     template <class Member>
     unsigned int P_Append(std::shared_ptr<Member> const& member, unsigned int at);
     template <class Member>
-    bool P_CanShow(Member const& member, Member const* existing, bool replace) const;
+    bool P_CanShow(Member const& member) const;
     template <class Member>
     unsigned int P_Show(std::shared_ptr<Member> const& member, unsigned int at);
     template <class Member>

@@ -29,6 +29,10 @@ unsigned int MetaclassRecord::FindConfig(unsigned int number) const {
     return found == HashIndex::s_none ? 0 : found;
 }
 
+unsigned int MetaclassRecord::FindParentConfig(qzString const& configName) const {
+    return configName.empty() ? 0 : FindConfig(configName);
+}
+
 Members* MetaclassRecord::FindMembers(unsigned int config) const {
     if (config == 0 || usage == MetaclassMgr::CONFIG_USAGE_NONE)
         return members.get();
@@ -75,8 +79,9 @@ unsigned int MetaclassMgr::Insert(qzString const& name, Version const& version, 
     record->configs.emplace_back();
     Members* parentMembers = nullptr;
     if (MetaclassRecord const* const parent = m_private->Find(FindHandle(parentName))) {
-        record->parentName = parent->name;
-        parentMembers = parent->FindMembers(parent->FindConfig(parentConfigName));
+        parentMembers = parent->FindMembers(parent->FindParentConfig(parentConfigName));
+        if (parentMembers != nullptr)
+            record->parentName = parent->name;
     }
     record->parentMembers = parentMembers;
     record->members.reset(Members::CreateWithParent(name, parentMembers, true, 10, 0));
@@ -169,7 +174,7 @@ unsigned int MetaclassMgr::InsertConfig(unsigned int metaclass, qzString const& 
             number = record->leastFreeNumber;
         ++record->leastFreeNumber;
     }
-    unsigned int const parentConfig = record->FindConfig(parentConfigName);
+    unsigned int const parentConfig = record->FindParentConfig(parentConfigName);
     ConfigRecord config{name, parentConfigName, number, nullptr};
     Members* members = nullptr;
     if (record->usage == CONFIG_USAGE_OWN_MEMBERS) {

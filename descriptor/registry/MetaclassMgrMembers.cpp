@@ -19,9 +19,12 @@ struct Attributes {
         return members.InsertExistingIntoSubMember(index, configName, Members::s_none);
     }
     static unsigned int Copy(Members& members, Members const& from, unsigned int index) {
-        return members.InsertVariable(from.GetVariableIdentifier(index), from.ShareVariableDefinition(index),
-                                      from.GetVariableIdentifier(index, false, true), false, Members::s_none,
-                                      qzString(), {});
+        unsigned int const copy = members.InsertVariable(
+            from.GetVariableIdentifier(index), from.ShareVariableDefinition(index),
+            from.GetVariableIdentifier(index, false, true), false, Members::s_none, qzString(), {});
+        if (auto table = from.GetTabularDefinition(index))
+            members.SetTabularDefinition(copy, std::move(table));
+        return copy;
     }
 };
 
@@ -143,6 +146,13 @@ int MetaclassMgr::InsertAttributesIntoConfig(unsigned int metaclass, unsigned in
 int MetaclassMgr::InsertActionsIntoConfig(unsigned int metaclass, unsigned int config,
                                           Handles const& actions) {
     return InsertIntoConfig<Actions>(m_private->Find(metaclass), config, actions);
+}
+
+bool MetaclassMgr::SetTabularDefinition(unsigned int metaclass, unsigned int attribute, unsigned int config,
+                                        std::shared_ptr<TabularDefinition const> definition) {
+    Members* const members = m_private->FindMembers(metaclass, config);
+    return attribute != 0 && members != nullptr &&
+           members->SetTabularDefinition(attribute - 1, std::move(definition));
 }
 
 unsigned int MetaclassMgr::FindAttributeHandle(unsigned int metaclass, Identifier const& id,

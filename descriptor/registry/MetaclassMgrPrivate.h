@@ -14,7 +14,7 @@
 namespace qzDescriptor {
 
 struct MembersEnd {
-    void operator()(Members* members) const { members->Destroy(); }
+    void operator()(Members* members) const noexcept { members->Destroy(); }
 };
 using OwnedMembers = std::unique_ptr<Members, MembersEnd>;
 
@@ -42,6 +42,8 @@ struct MetaclassRecord {
 
     unsigned int FindConfig(qzString const& configName) const;
     unsigned int FindConfig(unsigned int number) const;
+    /// An empty name means the metaclass itself.
+    unsigned int FindParentConfig(qzString const& configName) const;
     bool HasConfig(unsigned int config) const { return config != 0 && config < configs.size(); }
     /// The set of the metaclass in a configuration; null when there is none.
     Members* FindMembers(unsigned int config) const;

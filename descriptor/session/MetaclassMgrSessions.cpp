@@ -7,7 +7,7 @@
 #include "registry/MetaclassMgrPrivate.h"
 
 #include <algorithm>
-#include <utility>
+#include <map>
 
 namespace qzDescriptor {
 

@@ -151,6 +151,11 @@ public:
     int InsertActionsIntoConfig(unsigned int metaclass, unsigned int config,
                                 qzStlVector<unsigned int> const& actions);
 
+    /// Says what the columns of a table-valued attribute are; null takes that back. An inherited attribute
+    /// becomes the metaclass's own by that. False when there is no such attribute.
+    bool SetTabularDefinition(unsigned int metaclass, unsigned int attribute, unsigned int config,
+                              std::shared_ptr<TabularDefinition const> definition);
+
     /// By identifier and, when there is none and `secondary` is set, by secondary identifier.
     unsigned int FindAttributeHandle(unsigned int metaclass, Identifier const& id, unsigned int config,
                                      bool secondary) const;

@@ -4,6 +4,7 @@
 #include "descriptor/ValuePtr.h"
 
 #include <type_traits>
+#include <utility>
 
 namespace qzDescriptor {
 
@@ -94,6 +95,9 @@ public:
     /// Makes both values refer to the source's holder. The source is not emptied: the caller must see to it
     /// that only one of them releases the holder.
     void MoveValue(Value& source);
+
+    /// Gives the holder to the caller, who ends it with ValuePtr::Destroy, and empties the value.
+    ValuePtr* Release() noexcept { return std::exchange(m_holder, nullptr); }
 
     ValuePtr const* GetValuePtr() const { return m_holder; }
     ValuePtr* GetValuePtr() { return m_holder; }

@@ -74,6 +74,13 @@ TEST(GenericTest, TestsEntitiesByTheirTypeAndNoQualifiers) {
     bag.SetList(list);
     EXPECT_TRUE(bagValue.SetValue(bag));
     EXPECT_EQ(grids.Test(bagValue), 1);
+    EntityListBagList bags;
+    Value bagsValue(BT_UINT, CT_ENTITY, 4, 0, DS_DEFAULT, QZDT_DBHandle());
+    EXPECT_TRUE(bagsValue.SetValue(bags));
+    EXPECT_EQ(grids.Test(bagsValue), 0);
+    bags.Modify(bags.Register(1, "")) = bag;
+    EXPECT_TRUE(bagsValue.SetValue(bags));
+    EXPECT_EQ(grids.Test(bagsValue), 1);
 
     Qualifier const allowed("T", shell, 0, 1, 1, 0), other("U", shell, 0, 1, 1, 0);
     Allowables const qualifiers(Allowables::List<Qualifier>{{allowed, ""}}, 0);

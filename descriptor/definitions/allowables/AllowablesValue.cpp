@@ -1,6 +1,8 @@
 // What a constraint has to do with values of any type.
 
+#include "definitions/allowables/TestElements.h"
 #include "definitions/allowables/families.h"
+#include "values/storage/holder_parts.h"
 
 #include <utility>
 
@@ -11,13 +13,7 @@ namespace {
 /// Of the results of many elements: refused before an excluded default, and that before allowed.
 int Worse(int a, int b) { return a == 1 || b == 1 ? 1 : std::max(a, b); }
 
-/// Entities are constrained by their type, of which a list has one and a bag several.
-int TestEntities(Allowables const& allowables, Value const& value) {
-    EntityListBag bag;
-    if (!value.GetValue(bag)) {
-        EntityFullType const type = value.GetEntityFullType();
-        return type.IsValid() ? allowables.Test(type) : 0;
-    }
+int TestEntityTypes(Allowables const& allowables, EntityListBag const& bag) {
     qzStlVector<EntityFullType> types;
     bag.GetEntityFullTypeList(types);
     int result = 0;
@@ -26,8 +22,29 @@ int TestEntities(Allowables const& allowables, Value const& value) {
     return result;
 }
 
+int TestEntityTypes(Allowables const& allowables, EntityListBagList const& bags) {
+    qzStlVector<std::pair<unsigned int, qzString>> pairs;
+    bags.GetRegisteredPairs(pairs);
+    int result = 0;
+    for (auto const& [key, name] : pairs)
+        result = Worse(result, TestEntityTypes(allowables, bags.Query(bags.Find(key, name))));
+    return result;
+}
+
+/// Entities are constrained by their type, of which a list has one and a bag several.
+int TestEntities(Allowables const& allowables, ValuePtr const& value) {
+    EntityListBag bag;
+    if (EntityListBag const* const data = ReadContainer(value, bag))
+        return TestEntityTypes(allowables, *data);
+    EntityListBagList bags;
+    if (EntityListBagList const* const data = ReadContainer(value, bags))
+        return TestEntityTypes(allowables, *data);
+    EntityFullType const type = value.GetEntityFullType();
+    return type.IsValid() ? allowables.Test(type) : 0;
+}
+
 template <class T>
-int TestElements(Allowables const& allowables, Value const& value) {
+int TestElementsOf(Allowables const& allowables, ValuePtr const& value) {
     unsigned int const dimension = value.GetArrayDimension();
     unsigned int const rows = dimension == 0 ? 1 : value.GetArrayDimensionExtent(0u);
     int result = 0;
@@ -42,20 +59,25 @@ int TestElements(Allowables const& allowables, Value const& value) {
 
 } // namespace
 
-int Allowables::Test(Value const& value) const {
-    if (m_data == nullptr || !P_IsGenericTestEnforced())
-        return 0;
+int TestElements(Allowables const& allowables, ValuePtr const& value) {
     int result = 0;
     VisitElement(value.GetBasicType(), value.GetCompoundType(),
                  [&]<class Element>(std::type_identity<Element>) {
-                     // Qualifiers are tested only as such.
                      using T = typename AllowableOf<Element>::Type;
                      if constexpr (std::is_same_v<Element, Entity>)
-                         result = TestEntities(*this, value);
-                     else if constexpr (!std::is_void_v<T> && !std::is_same_v<T, Qualifier>)
-                         result = TestElements<T>(*this, value);
+                         result = TestEntities(allowables, value);
+                     else if constexpr (!std::is_void_v<T>)
+                         result = TestElementsOf<T>(allowables, value);
                  });
     return result;
+}
+
+int Allowables::Test(Value const& value) const {
+    ValuePtr const* const holder = value.GetValuePtr();
+    if (m_data == nullptr || holder == nullptr || !P_IsGenericTestEnforced())
+        return 0;
+    // Qualifiers are tested only as such.
+    return holder->GetCompoundType() == CT_QUALIFIER ? 0 : TestElements(*this, *holder);
 }
 
 bool Allowables::GetDefault(Value& value) const {

@@ -1,0 +1,166 @@
+// The values of one object.
+
+#include "registry/content/ContentPrivate.h"
+
+#include "descriptor/Members.h"
+#include "registry/content/check_value.h"
+
+#include <algorithm>
+
+namespace qzDescriptor {
+
+ContentPrivate::ContentPrivate(ContentPrivate const& other)
+    : Content(other),
+      m_members(other.m_members),
+      m_holders(std::make_unique<Holder[]>(other.m_reach)),
+      m_reach(other.m_reach),
+      m_extras(other.m_extras ? std::make_unique<ContentExtras>(*other.m_extras) : nullptr) {
+    for (unsigned int index = 0; index < m_reach; ++index) {
+        if (ValuePtr const* const own = other.P_FindOwn(index))
+            m_holders[index].reset(own->Clone());
+    }
+}
+
+unsigned int ContentPrivate::GetCount() const { return m_members->GetVariableCount(); }
+
+Content::AttributeType ContentPrivate::GetAttributeType(unsigned int index) const {
+    return TypeOfAttribute(GetDefinition(index));
+}
+
+bool ContentPrivate::GetValue(unsigned int index, ValuePtr const*& value) const {
+    ValuePtr const* const own = P_FindOwn(index);
+    ValuePtr const* const found = own != nullptr ? own : GetDefaultValue(index);
+    if (found != nullptr)
+        value = found;
+    return found != nullptr;
+}
+
+ValuePtr const* ContentPrivate::GetDefaultValue(unsigned int index) const {
+    ContentExtras::OfAttribute const* const extras = P_FindExtras(index);
+    return extras != nullptr && extras->definition ? extras->defaultValue.GetValuePtr()
+                                                   : m_members->GetDefaultValue(index);
+}
+
+bool ContentPrivate::IsAtDefault(unsigned int index) const {
+    ValuePtr const* const own = P_FindOwn(index);
+    return own != nullptr ? HaveEqualData(own, GetDefaultValue(index)) : P_Exists(index);
+}
+
+bool ContentPrivate::GetValueAsString(unsigned int index, qzString& out, char const* format, unsigned int i,
+                                      unsigned int j) const {
+    ValuePtr const* value = nullptr;
+    if (GetValue(index, value))
+        return value->GetValueAsString(out, format, i, j);
+    out.clear();
+    return false;
+}
+
+qzReturnStatus ContentPrivate::SetValue(unsigned int index, Value const& value) {
+    return SetValue(index, Value(value));
+}
+
+qzReturnStatus ContentPrivate::SetValue(unsigned int index, Value&& value) {
+    qzReturnStatus const status = TestValue(index, value);
+    if (status.status == 0)
+        P_Store(index, std::move(value));
+    return status;
+}
+
+qzReturnStatus ContentPrivate::TestValue(unsigned int index, Value const& value) const {
+    return CheckAttributeValue(GetDefinition(index), value.GetValuePtr());
+}
+
+qzReturnStatus ContentPrivate::SetValueFromString(unsigned int index, qzString const& text,
+                                                  char const* format, unsigned int i, unsigned int j) {
+    Value changed = P_CopyValue(index);
+    if (changed.GetValuePtr() == nullptr)
+        return TestValue(index, changed);
+    if (!changed.SetValueFromString(text, format, i, j))
+        return Refusal("The text \"" + text + "\" cannot be read into the value.");
+    return SetValue(index, std::move(changed));
+}
+
+bool ContentPrivate::SetValueUnchecked(unsigned int index, Value&& value) {
+    if (value.GetValuePtr() == nullptr)
+        return Reset(index);
+    if (!P_Exists(index))
+        return false;
+    P_Store(index, std::move(value));
+    return true;
+}
+
+ValuePtr* ContentPrivate::ModifyValue(unsigned int index) {
+    if (ValuePtr* const own = P_FindOwn(index))
+        return own;
+    Value value = P_CopyValue(index);
+    if (value.GetValuePtr() == nullptr)
+        return nullptr;
+    P_Store(index, std::move(value));
+    return P_FindOwn(index);
+}
+
+Value ContentPrivate::P_CopyValue(unsigned int index) const {
+    Value value;
+    if (Content::GetValue(index, value))
+        value.SetDisplayStatus(DS_DEFAULT);
+    return value;
+}
+
+bool ContentPrivate::Reset(unsigned int index) {
+    if (index < m_reach)
+        m_holders[index].reset();
+    return P_Exists(index);
+}
+
+void ContentPrivate::ClearAll() {
+    m_reach = 0;
+    m_holders.reset();
+}
+
+// The test of the number comes first, since it is all there is to do for a number that is set already.
+template <class T>
+bool ContentPrivate::P_Write(unsigned int index, T const& value) {
+    Definition const* const definition = GetDefinition(index);
+    if (definition == nullptr || definition->GetAllowables().Test(value) == 1)
+        return false;
+    if (ValuePtr* const own = P_FindOwn(index)) {
+        if (ScalarStorage<T>* const scalar = ScalarStorage<T>::Of(own)) {
+            scalar->m_value = value;
+            return true;
+        }
+    }
+    Value made;
+    made.SetValue(value);
+    if (!IsOfType(*definition, made.GetValuePtr()))
+        return false;
+    P_Store(index, std::move(made));
+    return true;
+}
+
+#define QZ_WRITE(T, ...) template bool ContentPrivate::P_Write(unsigned int, T const&);
+QZ_NUMBER_TYPES(QZ_WRITE)
+#undef QZ_WRITE
+
+ContentPrivate::Holder& ContentPrivate::P_Place(unsigned int index) {
+    if (index >= m_reach) {
+        // An object that is filled attribute by attribute grows a few times, and never beyond its attributes.
+        unsigned int const reach = std::min(std::max(index + 1, 2 * m_reach), GetCount());
+        auto holders = std::make_unique<Holder[]>(reach);
+        std::move(m_holders.get(), m_holders.get() + m_reach, holders.get());
+        m_holders = std::move(holders);
+        m_reach = reach;
+    }
+    return m_holders[index];
+}
+
+void ContentPrivate::P_Store(unsigned int index, Value&& value) {
+    Holder& place = P_Place(index);
+    Value taken(std::move(value)); // a clone of what others manage
+    DisplayStatus const carried = taken.GetDisplayStatus();
+    if (carried != DS_DEFAULT && carried != GetDisplayStatus(index))
+        P_Extras().attributes[index].displayStatus = carried;
+    taken.SetDisplayStatus(GetDisplayStatus(index));
+    place.reset(taken.Release());
+}
+
+} // namespace qzDescriptor
