@@ -199,7 +199,7 @@ TEST(RandomQueries, MeanWhatANaiveEvaluationSaysAndAreReadBackAsWritten) {
     Data data;
     Filter filter(&data);
     int matching = 0;
-    for (int round = 0; round < 2'000; ++round) {
+    for (int round = 0; round < 1'000; ++round) {
         Request const expected = generator.MakeRequest(4);
         auto const request = Parse(filter, expected.text);
         ASSERT_NE(request, nullptr) << expected.text << '\n' << filter.GetError().message;
@@ -217,8 +217,8 @@ TEST(RandomQueries, MeanWhatANaiveEvaluationSaysAndAreReadBackAsWritten) {
             ASSERT_EQ(Explain(*request, &object).matches, matches);
         }
     }
-    EXPECT_GT(matching, 5'000) << "the requests say too little";
-    EXPECT_LT(matching, 35'000);
+    EXPECT_GT(matching, 2'500) << "the requests say too little";
+    EXPECT_LT(matching, 17'500);
 }
 
 TEST(RandomQueries, WildcardsFitAsTheirMeaningSays) {
@@ -232,7 +232,7 @@ TEST(RandomQueries, WildcardsFitAsTheirMeaningSays) {
             made += letters[random.Below(static_cast<unsigned>(qzString(letters).size()))];
         return made;
     };
-    for (int round = 0; round < 5'000; ++round) {
+    for (int round = 0; round < 2'000; ++round) {
         qzString const pattern = word("abA*?", 8);
         auto const request = Parse(filter, "s = '" + pattern + "'");
         ASSERT_NE(request, nullptr) << pattern;
