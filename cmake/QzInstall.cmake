@@ -2,14 +2,20 @@
 
 include(CMakePackageConfigHelpers)
 
-install(TARGETS qzdescriptor store qzutl qzdistribution qzinterp qzsigslot EXPORT qzdescriptorTargets
+set(libraries qzdescriptor store qzutl qzdistribution qzinterp qzsigslot selexpr)
+install(TARGETS ${libraries} EXPORT qzdescriptorTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-foreach(folder include/descriptor store/include/store platform/qzutl/include/qzutl platform/qzdistribution/include/qzdistribution
-               platform/qzinterp/include/qzinterp platform/qzsigslot/include/qzsigslot)
+get_property(interpreters GLOBAL PROPERTY QZ_INTERPRETERS)
+if(interpreters)
+  install(TARGETS ${interpreters} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
+foreach(folder include/descriptor store/include/store platform/qzutl/include/qzutl
+               platform/qzdistribution/include/qzdistribution platform/qzinterp/include/qzinterp
+               platform/qzsigslot/include/qzsigslot platform/selexpr/include/selexpr)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           FILES_MATCHING PATTERN "*.h")
 endforeach()
-foreach(folder descriptor store qzdistribution qzinterp qzsigslot)
+foreach(folder descriptor store qzdistribution qzinterp qzsigslot selexpr)
   install(FILES ${PROJECT_BINARY_DIR}/include/${folder}/Export.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
 

@@ -23,6 +23,10 @@ if(QZ_SANITIZE)
   target_compile_options(qz_build_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
+if(QZ_BUILD_FUZZERS) # a fuzzer is led by what the code that it calls reports
+  target_compile_options(qz_build_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # Calls within a shared library of ours go straight to their function and cannot be replaced from outside.
 function(qz_bind_own_calls target)
   if(NOT WIN32)

@@ -1,13 +1,55 @@
+#include "descriptor/Entity.h"
 #include "descriptor/EntityList.h"
 #include "descriptor/ISession.h"
+#include "descriptor/Metaobject.h"
+#include "operations/TypeQuery.h"
+
+#include <algorithm>
 
 namespace qzDescriptor {
+
+namespace {
+
+/// Keeps the entities of a list that pass a test, in their order.
+template <class Test>
+void KeepIf(EntityList& list, Test&& test) {
+    qzStlVector<unsigned int>& ids = list.GetList();
+    qzStlVector<char>& topology = list.GetTopologyIndexList();
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        if (!test(i))
+            continue;
+        ids[kept] = ids[i];
+        if (i < topology.size())
+            topology[kept] = topology[i];
+        ++kept;
+    }
+    ids.resize(kept);
+    topology.resize(std::min(kept, topology.size()));
+}
+
+} // namespace
 
 unsigned long long ISession::Collect(EntityList& out, EntityFullType const& type,
                                      std::string const& query) const {
     if (m_registry == nullptr || !m_hasEntities)
         return 0;
     P_CollectAll(out, type, query);
+    if (query.empty())
+        return out.GetIdListCount();
+    TypeQuery const typeQuery(*this, type, query);
+    ui::selexpr::IRequest const* const request = typeQuery.GetRequest();
+    bool const hasType = out.GetEntityFullType().IsValid();
+    Entity entity(out.GetEntityFullType());
+    KeepIf(out, [&](std::size_t i) {
+        if (request == nullptr)
+            return false;
+        entity.GetIdRef() = out.GetList()[i];
+        if (i < out.GetTopologyIndexList().size())
+            entity.GetTopologyIndexRef() = out.GetTopologyIndexList()[i];
+        Metaobject const* const object = hasType ? GetMetaobject(entity) : nullptr;
+        return request->Matches(const_cast<Metaobject*>(object));
+    });
     return out.GetIdListCount();
 }
 

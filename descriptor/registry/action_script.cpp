@@ -14,11 +14,20 @@ qzString InLiteral(qzString const& text) {
     for (char const c : text) {
         switch (c) {
         case '\\':
-        case '\'': escaped += {'\\', c}; break;
-        case '\n': escaped += "\\n"; break;
-        case '\r': escaped += "\\r"; break;
-        case '\0': escaped += "\\x00"; break;
-        default: escaped += c;
+        case '\'':
+            escaped += {'\\', c};
+            break;
+        case '\n':
+            escaped += "\\n";
+            break;
+        case '\r':
+            escaped += "\\r";
+            break;
+        case '\0':
+            escaped += "\\x00";
+            break;
+        default:
+            escaped += c;
         }
     }
     return escaped;
@@ -35,8 +44,8 @@ qzString ImportLine(ActionDefinition const& definition) {
     if (module.empty())
         return qzString();
     qzString const ofClass = definition.GetCallbackScriptFunctionClass();
-    return "from " + module + " import " + (ofClass.empty() ? definition.GetCallbackScriptFunction() : ofClass) +
-           "; ";
+    return "from " + module + " import " +
+           (ofClass.empty() ? definition.GetCallbackScriptFunction() : ofClass) + "; ";
 }
 
 } // namespace
@@ -44,8 +53,8 @@ qzString ImportLine(ActionDefinition const& definition) {
 qzString MakeActionScript(ActionDefinition const& definition, Entity const& object) {
     return "from qz.mdi.isession import Session; from qzdescriptor import Entity, EntityFullType; " +
            ImportLine(definition) + "controller = Session().get(Entity(EntityFullType('" +
-           InLiteral(object.GetEntityFullType().GetTypeNamed()) + "'), " + InDecimal(object.GetId()) + ")); " +
-           definition.GetCallbackScriptFunction() + "(controller)";
+           InLiteral(object.GetEntityFullType().GetTypeNamed()) + "'), " + InDecimal(object.GetId()) +
+           ")); " + definition.GetCallbackScriptFunction() + "(controller)";
 }
 
 } // namespace qzDescriptor

@@ -6,7 +6,8 @@
 namespace qzDescriptor {
 
 /// The script text that calls an action's function with the object of an entity, which the script side knows
-/// as its controller. Quotes, backslashes and line ends in the name of the metaclass stay inside their literal.
+/// as its controller. Quotes, backslashes and line ends in the name of the metaclass stay inside their
+/// literal.
 qzString MakeActionScript(ActionDefinition const& definition, Entity const& object);
 
 } // namespace qzDescriptor

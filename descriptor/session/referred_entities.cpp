@@ -77,9 +77,10 @@ private:
     }
 
     Type& P_GetType(EntityFullType const& entityType) {
-        auto const found = std::ranges::find(m_types, entityType, [](Type const& type) -> EntityFullType const& {
-            return type.list.GetEntityFullType();
-        });
+        auto const found =
+            std::ranges::find(m_types, entityType, [](Type const& type) -> EntityFullType const& {
+                return type.list.GetEntityFullType();
+            });
         if (found != m_types.end())
             return *found;
         Type& type = m_types.emplace_back();

@@ -5,8 +5,8 @@
 
 namespace qzDescriptor {
 
-/// What writes the data of a session into bytes and reads them back. Its operations are the application's; this
-/// library calls none of them.
+/// What writes the data of a session into bytes and reads them back. Its operations are the application's;
+/// this library calls none of them.
 class QZDESCRIPTOR_API ISerializer {
 public:
     ISerializer() = default;

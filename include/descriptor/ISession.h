@@ -25,9 +25,9 @@ namespace qzDescriptor {
 ///     EntityList thick;
 ///     session->Collect(thick, EntityFullType("Ply"), "T > 0.002");
 ///
-/// A session is registered under its name by its construction and tells its end to the listeners of its signal
-/// handler. It is not synchronised: a session and its registry are used by one thread at a time, but any number
-/// may read while nothing changes. None of its operations throws of its own accord.
+/// A session is registered under its name by its construction and tells its end to the listeners of its
+/// signal handler. It is not synchronised: a session and its registry are used by one thread at a time, but
+/// any number may read while nothing changes. None of its operations throws of its own accord.
 class QZDESCRIPTOR_API ISession {
 public:
     /// Creates an entity of a type under an owner, if the ownership rules allow it; without one for an empty

@@ -18,8 +18,8 @@ namespace qzDescriptor {
 ///     part->InvokeAction(Identifier("Renumber"));
 ///
 /// What is written through it is the application's object and not the `Metaobject`, which is why writing is
-/// const. Operations of an object that is gone, or on an attribute that it does not have, fail and leave their
-/// arguments as they were. To be used on the thread of its session.
+/// const. Operations of an object that is gone, or on an attribute that it does not have, fail and leave
+/// their arguments as they were. To be used on the thread of its session.
 class QZDESCRIPTOR_API Metaobject {
 public:
     // An object is where it is: neither of these copies anything.

@@ -9,8 +9,8 @@ namespace qzDescriptor {
 
 /// A place in a collection of objects. Applications derive theirs from `MetaobjectCollectionIterator`.
 ///
-/// Iterators are made by the collection and deleted by whoever asked for them; their memory is taken and given
-/// back by this library, in whichever one they are derived or deleted.
+/// Iterators are made by the collection and deleted by whoever asked for them; their memory is taken and
+/// given back by this library, in whichever one they are derived or deleted.
 class QZDESCRIPTOR_API ICollectionIterator {
 public:
     /// Goes one object on; nothing at the end.

@@ -57,7 +57,8 @@ private:
     static constexpr unsigned int s_left = 0xFFFFFFFE; // a search goes on behind it
 
     std::size_t P_GetSlot(unsigned int id) const {
-        return static_cast<std::size_t>((id * std::uint64_t{0x9E3779B97F4A7C15}) >> 32) & (m_places.size() - 1);
+        return static_cast<std::size_t>((id * std::uint64_t{0x9E3779B97F4A7C15}) >> 32) &
+               (m_places.size() - 1);
     }
     std::size_t P_GetNext(std::size_t slot) const { return (slot + 1) & (m_places.size() - 1); }
 

@@ -24,7 +24,10 @@ char const* Format(qzString const& format) { return format.empty() ? nullptr : f
 void Object::EndContent::operator()(Content* content) const { content->Destroy(); }
 
 Object::Object(Population& population, unsigned int id, unsigned int place)
-    : m_population(&population), m_content(Content::Create(population.GetMembers())), m_id(id), m_place(place) {}
+    : m_population(&population),
+      m_content(Content::Create(population.GetMembers())),
+      m_id(id),
+      m_place(place) {}
 
 Object::~Object() = default;
 
@@ -119,7 +122,8 @@ bool Object::GetActionIdentifiers(qzStlVector<Identifier>& identifiers) const {
 }
 
 bool Object::P_GetActionData(Identifier const& action, ActionDefinition& definition) const {
-    ActionDefinition const* const found = m_population->GetMembers()->GetActionDefinition(P_FindAction(action));
+    ActionDefinition const* const found =
+        m_population->GetMembers()->GetActionDefinition(P_FindAction(action));
     if (found != nullptr)
         definition = *found;
     return found != nullptr;
@@ -139,8 +143,7 @@ bool Object::IsActionVisible(Identifier const& action) const {
 }
 
 bool Object::GetDataOperations(DataOperationList& operations) const {
-    auto const* const registry =
-        dynamic_cast<Registry const*>(m_population->GetSession().GetMetaclassMgr());
+    auto const* const registry = dynamic_cast<Registry const*>(m_population->GetSession().GetMetaclassMgr());
     return registry != nullptr && registry->GetDataOperations(m_population->GetMetaclass(), operations);
 }
 

@@ -9,6 +9,10 @@
 namespace qzDescriptor::store {
 
 Object* Population::Find(unsigned int id) const {
+    // Most ids run on from the first one, and then the place is known.
+    if (std::size_t const guess = m_ids.empty() ? 0 : id - m_ids.front();
+        id != 0 && guess < m_ids.size() && m_ids[guess] == id)
+        return m_objects[guess].get();
     unsigned int const place = id == 0 ? IdIndex::s_notFound : m_index.Find(m_ids, id);
     return place == IdIndex::s_notFound ? nullptr : m_objects[place].get();
 }

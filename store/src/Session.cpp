@@ -124,7 +124,8 @@ Population* Session::P_FindPopulation(EntityFullType const& type) const {
     if (Population* const last = m_lastFound.load(std::memory_order_relaxed);
         last != nullptr && last->GetType() == type)
         return last;
-    unsigned int const metaclass = GetMetaclassMgr() != nullptr ? GetMetaclassMgr()->GetMetaclassHandle(type) : 0;
+    unsigned int const metaclass =
+        GetMetaclassMgr() != nullptr ? GetMetaclassMgr()->GetMetaclassHandle(type) : 0;
     Population* const found = metaclass < m_populations.size() ? m_populations[metaclass].get() : nullptr;
     if (found != nullptr)
         m_lastFound.store(found, std::memory_order_relaxed);
@@ -210,8 +211,8 @@ void Session::GetOwnedEntities(EntityListBag& owned, Entity const& owner,
     if (object == nullptr || object->m_owned == nullptr)
         return;
     bool const underAny = !ownerAttribute.IsValid();
-    unsigned int const attribute =
-        GetMetaclassMgr()->FindAttributeHandle(object->m_population->GetMetaclass(), ownerAttribute, 0, false);
+    unsigned int const attribute = GetMetaclassMgr()->FindAttributeHandle(
+        object->m_population->GetMetaclass(), ownerAttribute, 0, false);
     ListsByPopulation lists;
     for (Object const* const child : object->m_owned->objects) {
         if (child != nullptr && (underAny || (attribute != 0 && child->m_ownerAttribute == attribute)))

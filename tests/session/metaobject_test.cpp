@@ -3,11 +3,12 @@
 #include "descriptor/Definition.h"
 #include "descriptor/MetaobjectCollection.h"
 #include "descriptor/ScriptSession.h"
+#include "descriptor/Value.h"
 #include "descriptor/Version.h"
 #include "qzinterp/qzInterp.h"
+#include "store/Object.h"
 #include "store/Registry.h"
 #include "store/Session.h"
-#include "store/Object.h"
 
 #include <gtest/gtest.h>
 
@@ -46,7 +47,8 @@ public:
     }
     store::Object* Make(qzString const& type, unsigned int id) {
         Entity entity;
-        EXPECT_EQ(session().CreateWithId(EntityFullType(type), id, entity, Entity(), Identifier()).message, "");
+        EXPECT_EQ(session().CreateWithId(EntityFullType(type), id, entity, Entity(), Identifier()).message,
+                  "");
         return const_cast<store::Object*>(dynamic_cast<store::Object const*>(session().Get(entity)));
     }
     store::Session& session() { return dynamic_cast<store::Session&>(*registry.GetSession("s")); }
@@ -62,15 +64,21 @@ TEST_F(Objects, RunScriptActionsAsOneLineOfPython) {
         ActionDefinition action;
         qzString expected;
     } const cases[] = {
-        {"Shell", 17, {"Mesh", "run", "", "plant.mesh", "recorder", true, true, "", ""},
+        {"Shell",
+         17,
+         {"Mesh", "run", "", "plant.mesh", "recorder", true, true, "", ""},
          "from qz.mdi.isession import Session; from qzdescriptor import Entity, EntityFullType; "
          "from plant.mesh import run; controller = Session().get(Entity(EntityFullType('Shell'), 17)); "
          "run(controller)"},
-        {"Shell", 4294967295u, {"Mesh", "Mesher.run", "Mesher", "plant", "recorder", true, true, "", ""},
+        {"Shell",
+         4294967295u,
+         {"Mesh", "Mesher.run", "Mesher", "plant", "recorder", true, true, "", ""},
          "from qz.mdi.isession import Session; from qzdescriptor import Entity, EntityFullType; "
          "from plant import Mesher; controller = Session().get(Entity(EntityFullType('Shell'), 4294967295)); "
          "Mesher.run(controller)"},
-        {"it's a \\ \n", 1, {"Mesh", "print", "", "", "recorder", true, true, "", ""},
+        {"it's a \\ \n",
+         1,
+         {"Mesh", "print", "", "", "recorder", true, true, "", ""},
          "from qz.mdi.isession import Session; from qzdescriptor import Entity, EntityFullType; "
          "controller = Session().get(Entity(EntityFullType('it\\'s a \\\\ \\n'), 1)); print(controller)"},
     };
@@ -171,7 +179,9 @@ class Selection : public ICollection {
 public:
     class Place : public MetaobjectCollectionIterator {
     public:
-        Place(Selection& selection, std::size_t index) : m_selection(selection), m_index(index) { ++s_living; }
+        Place(Selection& selection, std::size_t index) : m_selection(selection), m_index(index) {
+            ++s_living;
+        }
         Place(Place const& other) : Place(other.m_selection, other.m_index) {}
         ~Place() override { --s_living; }
         void next() override { m_index += m_index < m_selection.m_entities.size(); }

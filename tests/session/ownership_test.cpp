@@ -1,4 +1,6 @@
 #include "descriptor/Definition.h"
+#include "descriptor/Entity.h"
+#include "descriptor/Value.h"
 #include "descriptor/Version.h"
 #include "store/Registry.h"
 #include "store/Session.h"
@@ -49,9 +51,10 @@ public:
             if (wanted && std::ranges::count(attributes, *wanted) == 0)
                 return {"Identifier is not valid for ownership of given entity.", -1};
             if (!wanted && attributes.size() != 1)
-                return {"Multiple identifiers found for ownership of given entity. Specify which identifier to "
-                        "use.",
-                        -1};
+                return {
+                    "Multiple identifiers found for ownership of given entity. Specify which identifier to "
+                    "use.",
+                    -1};
             return {"", wanted ? *wanted : attributes.front()};
         }
         return {refusal, -1};
@@ -68,7 +71,8 @@ TEST(OwnershipRules, DecideAsTheirListReadFromTheTypeToItsRootDoes) {
         NaiveRules naive;
         int const types = 8;
         for (int type = 0; type < types; ++type) {
-            int const parent = type == 0 || random.Chance(3) ? -1 : static_cast<int>(random.Below(unsigned(type)));
+            int const parent =
+                type == 0 || random.Chance(3) ? -1 : static_cast<int>(random.Below(unsigned(type)));
             naive.parents.push_back(parent);
             unsigned int const handle =
                 registry.Insert(Name('M', type), Version(), parent < 0 ? "" : Name('M', parent),
@@ -79,7 +83,8 @@ TEST(OwnershipRules, DecideAsTheirListReadFromTheTypeToItsRootDoes) {
                                          Identifier(), {});
         }
         for (unsigned int n = random.Below(16); n > 0; --n) {
-            int const child = static_cast<int>(random.Below(types)), owner = static_cast<int>(random.Below(types));
+            int const child = static_cast<int>(random.Below(types)),
+                      owner = static_cast<int>(random.Below(types));
             int const attribute = owner * 3 + static_cast<int>(random.Below(3));
             unsigned int const ownerHandle = static_cast<unsigned int>(owner) + 1;
             naive.rules.push_back({child, owner, attribute});

@@ -1,9 +1,11 @@
 #include "descriptor/ISession.h"
 
 #include "descriptor/Definition.h"
+#include "descriptor/Entity.h"
 #include "descriptor/EntityList2.h"
 #include "descriptor/EntityListBag.h"
 #include "descriptor/Metaobject.h"
+#include "descriptor/Value.h"
 #include "descriptor/Version.h"
 #include "descriptor/qzSigSlotHandler.h"
 #include "store/Registry.h"
@@ -93,7 +95,8 @@ TEST_F(Sessions, AddWhatAttributesReferToEachOnce) {
     Value const values[] = {scalar, list, rows};
     Entity object;
     for (unsigned int i = 0; i < 3; ++i)
-        registry.InsertAttribute(mesh, Identifier("a" + std::to_string(i)), EntityDefinition(i), Identifier(), {});
+        registry.InsertAttribute(mesh, Identifier("a" + std::to_string(i)), EntityDefinition(i), Identifier(),
+                                 {});
     object = Make("Mesh");
     for (unsigned int i = 0; i < 3; ++i)
         ASSERT_EQ(session->Get(object)->SetValue(Identifier("a" + std::to_string(i)), values[i]).message, "");

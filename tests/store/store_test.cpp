@@ -1,7 +1,9 @@
 #include "descriptor/Allowables.h"
 #include "descriptor/DataOperationList.h"
 #include "descriptor/Definition.h"
+#include "descriptor/Entity.h"
 #include "descriptor/EntityListBag.h"
+#include "descriptor/Value.h"
 #include "descriptor/Version.h"
 #include "descriptor/qzSigSlotHandler.h"
 #include "store/Object.h"
@@ -152,7 +154,8 @@ TEST(StoreOverALongRun, AgreesWithAPlainModel) {
     EntityFullType const type("Laminate");
     Identifier const names[] = {Identifier("plies"), Identifier("parts")};
     store::Registry registry;
-    unsigned int const laminate = registry.Insert("Laminate", Version(), "", MetaclassMgr::CONFIG_USAGE_NONE, "");
+    unsigned int const laminate =
+        registry.Insert("Laminate", Version(), "", MetaclassMgr::CONFIG_USAGE_NONE, "");
     unsigned int const base = registry.Insert("Base", Version(), "", MetaclassMgr::CONFIG_USAGE_NONE, "");
     registry.InsertAttribute(laminate, Identifier("T"), Thickness(), Identifier(), {});
     for (Identifier const& name : names)
@@ -180,8 +183,7 @@ TEST(StoreOverALongRun, AgreesWithAPlainModel) {
             Entity created;
             ASSERT_EQ(session.CreateWithId(type, newId, created, owner, names[under]).status == 0, works);
             if (works)
-                model.laminates.push_back(
-                    {newId, owner == root ? 0 : id, under == 0 ? "plies" : "parts"});
+                model.laminates.push_back({newId, owner == root ? 0 : id, under == 0 ? "plies" : "parts"});
             break;
         }
         case 3:

@@ -1,30 +1,16 @@
 #include "descriptor/qzdescriptor.h"
+#include "support/VirtualSlots.h"
 #include "values/storage/type_traits.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
-
 // Holders are derived outside the library too, so the order of the virtual operations is part of the
-// interface. The slot of a virtual function can be read from a member pointer under the Itanium C++ ABI.
-#if defined(__GXX_ABI_VERSION) && (defined(__x86_64__) || defined(__i386__))
+// interface.
+#ifdef QZ_HAVE_VIRTUAL_SLOTS
 
 namespace qzDescriptor::test {
 namespace {
 
-class Slots {
+class Slots : public VirtualSlots {
 public:
-    template <class Function>
-    void Next(char const* name, Function function) {
-        std::ptrdiff_t word = 0;
-        std::memcpy(&word, &function, sizeof word);
-        EXPECT_EQ((word - 1) / static_cast<std::ptrdiff_t>(sizeof(void*)), m_next) << name;
-        ++m_next;
-    }
-
-    /// A virtual destructor takes two slots and has no member pointer.
-    void Destructor() { m_next += 2; }
-
     template <class T>
     void NextElementGetter() {
         Next("GetValue",
@@ -43,9 +29,6 @@ public:
     void NextContainerSetter() {
         Next("SetValue", static_cast<bool (ValuePtr::*)(C const&)>(&ValuePtr::SetValue));
     }
-
-private:
-    std::ptrdiff_t m_next = 0;
 };
 
 // The getters and setters stand in the reverse order of the table.

@@ -1,8 +1,11 @@
 #include "qzinterp/qzInterp.h"
 
+#include "backend.h"
+
 #include <iostream>
 #include <map>
 #include <mutex>
+#include <set>
 #include <utility>
 
 namespace {
@@ -11,6 +14,8 @@ struct Registry {
     std::mutex mutex;
     std::map<qzString, qzInterp*> interpreters;
     qzInterp::FailureReport report;
+    std::recursive_mutex opening; // starting an interpreter may ask for others
+    std::set<qzString> opened;    // languages whose back end has been asked for
 };
 
 // Never destroyed: interpreters may be unregistered, and fail, while the program ends.
@@ -23,11 +28,27 @@ Registry& GetRegistry() {
 
 qzInterp::~qzInterp() = default;
 
-qzInterp* qzInterp::Get(qzString const& language) {
+namespace {
+
+qzInterp* FindRegistered(qzString const& language) {
     Registry& registry = GetRegistry();
     std::lock_guard const guard(registry.mutex);
     auto const found = registry.interpreters.find(language);
     return found == registry.interpreters.end() ? nullptr : found->second;
+}
+
+} // namespace
+
+qzInterp* qzInterp::Get(qzString const& language) {
+    if (qzInterp* const registered = FindRegistered(language))
+        return registered;
+    Registry& registry = GetRegistry();
+    std::lock_guard const guard(registry.opening);
+    if (!registry.opened.insert(language).second)
+        return FindRegistered(language); // by another thread meanwhile
+    if (qzInterp* const interpreter = OpenBackend(language))
+        Register(language, *interpreter);
+    return FindRegistered(language);
 }
 
 bool qzInterp::Register(qzString const& language, qzInterp& interpreter) {

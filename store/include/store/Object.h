@@ -13,9 +13,9 @@ class Session;
 
 /// An object that is kept in memory: its values in a `Content`, its place in the tree of owners.
 ///
-/// An attribute that is written is tested first, and its change told to the listeners of the session; what they
-/// do, ending the object or its session included, is done when the write returns. Objects are made and ended
-/// by their session alone.
+/// An attribute that is written is tested first, and its change told to the listeners of the session; what
+/// they do, ending the object or its session included, is done when the write returns. Objects are made and
+/// ended by their session alone.
 class QZSTORE_API Object final : public Metaobject {
 public:
     Object(Object const&) = delete;

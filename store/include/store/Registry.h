@@ -8,8 +8,8 @@
 
 namespace qzDescriptor::store {
 
-/// A registry whose sessions keep their objects in memory: what an application starts with, and the pattern for
-/// a registry of its own.
+/// A registry whose sessions keep their objects in memory: what an application starts with, and the pattern
+/// for a registry of its own.
 ///
 ///     store::Registry registry;
 ///     unsigned int const plate = registry.Insert("Plate", Version("1.0.0"), "", CONFIG_USAGE_NONE, "");

@@ -68,7 +68,8 @@ private:
     void P_EmitChanged(Object const& object, unsigned int attribute) const;
 
     // Creation is const: what changes is the application's population.
-    mutable std::vector<std::unique_ptr<Population>> m_populations; // by metaclass handle; null until one lives
+    mutable std::vector<std::unique_ptr<Population>>
+        m_populations;                                      // by metaclass handle; null until one lives
     mutable std::atomic<Population*> m_lastFound = nullptr; // most look-ups are for the type of the last one
     mutable unsigned int m_wantedId = 0;
     Identifier m_nameAttribute;

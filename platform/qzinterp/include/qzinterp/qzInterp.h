@@ -8,7 +8,8 @@
 #include <functional>
 
 /// The interpreter of one scripting language. Interpreters are registered under the name of their language by
-/// whoever brings them; this library needs none.
+/// whoever brings them; those of "python" and "tcl" come with libraries that are opened, and started, when
+/// somebody first asks for them. This library needs none.
 ///
 ///     if (qzInterp* const python = qzInterp::Get("python")) {
 ///         qzString output;
@@ -25,8 +26,8 @@ public:
     virtual bool Call(qzString const& function, qzStlVector<qzVariant> const& arguments,
                       qzString& output) = 0;
 
-    /// The interpreter that is registered for a language; null when there is none. It stays with whoever
-    /// registered it.
+    /// The interpreter that is registered for a language, or that a library beside this one brings for it; null
+    /// when there is none. It stays with whoever registered it.
     static qzInterp* Get(qzString const& language);
     /// False when the language has an interpreter already.
     static bool Register(qzString const& language, qzInterp& interpreter);

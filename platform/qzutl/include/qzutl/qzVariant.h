@@ -40,6 +40,12 @@ public:
     bool GetString(qzString& value) const { return P_Get(value); }
     bool GetPointer(void*& value) const { return P_Get(value); }
 
+    /// Calls the visitor with what is held, a std::monostate when that is nothing.
+    template <class Visitor>
+    decltype(auto) Visit(Visitor&& visitor) const {
+        return std::visit(std::forward<Visitor>(visitor), m_value);
+    }
+
     friend bool operator==(qzVariant const&, qzVariant const&) = default;
 
 private:

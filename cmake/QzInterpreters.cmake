@@ -1,0 +1,30 @@
+# The scripting languages, each used when it is found and not switched off.
+
+option(QZ_WITH_PYTHON "Run Python scripts, and build the Python modules (needs python3-dev, pybind11-dev)" ON)
+option(QZ_WITH_TCL "Run Tcl scripts (needs tcl-dev, pkg-config)" ON)
+
+# The system's own Python, for which the packages are, and not another one that stands first in PATH.
+if(NOT DEFINED Python_EXECUTABLE AND NOT DEFINED Python_ROOT_DIR AND EXISTS /usr/bin/python3)
+  set(Python_EXECUTABLE /usr/bin/python3)
+endif()
+set(Python_FIND_VIRTUALENV STANDARD)
+if(QZ_WITH_PYTHON)
+  # One search for all of it: two may mix two Pythons.
+  find_package(Python 3.9 COMPONENTS Interpreter Development.Module Development.Embed)
+  set(PYBIND11_FINDPYTHON ON)
+  find_package(pybind11 2.10 CONFIG)
+  if(NOT Python_Development.Embed_FOUND OR NOT pybind11_FOUND)
+    message(STATUS "Python or pybind11 not found: no Python scripts, no Python modules")
+    set(QZ_WITH_PYTHON OFF)
+  endif()
+endif()
+if(QZ_WITH_TCL)
+  find_package(PkgConfig)
+  if(PkgConfig_FOUND)
+    pkg_check_modules(TCL IMPORTED_TARGET tcl)
+  endif()
+  if(NOT TARGET PkgConfig::TCL)
+    message(STATUS "Tcl not found: no Tcl scripts")
+    set(QZ_WITH_TCL OFF)
+  endif()
+endif()

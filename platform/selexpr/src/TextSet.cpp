@@ -1,0 +1,59 @@
+#include "TextSet.h"
+#include "ascii.h"
+
+#include <algorithm>
+
+namespace ui::selexpr {
+
+namespace {
+
+bool IsAmong(std::vector<qzString> const& sortedFolded, std::string_view text) {
+    auto const place = std::ranges::partition_point(
+        sortedFolded, [text](qzString const& each) { return CompareToFolded(text, each) > 0; });
+    return place != sortedFolded.end() && CompareToFolded(text, *place) == 0;
+}
+
+bool HasPart(std::string_view text, std::string_view folded) {
+    auto const sameLetter = [](char left, char right) { return Fold(left) == right; };
+    return std::search(text.begin(), text.end(), folded.begin(), folded.end(), sameLetter) != text.end() ||
+           folded.empty();
+}
+
+} // namespace
+
+qzString TextSet::P_Fold(std::string_view text) {
+    qzString folded(text);
+    std::ranges::transform(folded, folded.begin(), Fold);
+    return folded;
+}
+
+void TextSet::Seal() {
+    std::ranges::sort(m_equal);
+    std::ranges::sort(m_exact);
+}
+
+bool TextSet::Contains(std::string_view text) const {
+    auto const matches = [text](Wildcard const& pattern) { return pattern.Matches(text); };
+    auto const isPart = [text](qzString const& part) { return HasPart(text, part); };
+    auto const isOnSide = [text](Half const& half) { return half.Contains(text); };
+    return std::ranges::any_of(m_patterns, matches) || IsAmong(m_equal, text) ||
+           std::ranges::binary_search(m_exact, text, std::less<std::string_view>()) ||
+           std::ranges::any_of(m_parts, isPart) || std::ranges::any_of(m_sides, isOnSide);
+}
+
+bool TextSet::Half::Contains(std::string_view text) const {
+    int const order = CompareToFolded(text, end);
+    switch (side) {
+    case Side::Below:
+        return order < 0;
+    case Side::UpTo:
+        return order <= 0;
+    case Side::From:
+        return order >= 0;
+    case Side::Above:
+        return order > 0;
+    }
+    return false;
+}
+
+} // namespace ui::selexpr

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace ui::selexpr {
+
+// Letter case is that of ASCII and nothing else: no locale has a say, and UTF-8 stays whole.
+
+constexpr char Fold(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// A byte that continues a UTF-8 character.
+constexpr bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+
+/// The place behind the character that begins at a place.
+constexpr std::size_t NextCharacter(std::string_view text, std::size_t place) {
+    do
+        ++place;
+    while (place < text.size() && IsContinuation(text[place]));
+    return place;
+}
+
+/// Below, equal to or above 0, as a text comes before, is or comes behind one that is folded already.
+constexpr int CompareToFolded(std::string_view text, std::string_view folded) {
+    std::size_t const common = text.size() < folded.size() ? text.size() : folded.size();
+    for (std::size_t k = 0; k < common; ++k) {
+        auto const left = static_cast<unsigned char>(Fold(text[k]));
+        auto const right = static_cast<unsigned char>(folded[k]);
+        if (left != right)
+            return left < right ? -1 : 1;
+    }
+    return text.size() == folded.size() ? 0 : text.size() < folded.size() ? -1 : 1;
+}
+
+} // namespace ui::selexpr
