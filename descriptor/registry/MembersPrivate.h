@@ -23,10 +23,16 @@ public:
     MembersPrivate(qzString const& name, MembersPrivate& owner);
 
     static MembersPrivate& Of(Members& members) { return static_cast<MembersPrivate&>(members); }
+    static MembersPrivate const& Of(Members const& members) {
+        return static_cast<MembersPrivate const&>(members);
+    }
 
     void Reserve(unsigned int variableCount) { m_variables.Reserve(variableCount); }
     /// Has every member of the base from now on. The base must live as long, and inherit nothing from this.
     void InheritFrom(MembersPrivate& base);
+
+    /// Null when there is no such attribute.
+    Variable const* FindVariable(unsigned int index) const { return m_variables.Get(index); }
 
     void Destroy() override;
     Members* Clone() const override;

@@ -1,6 +1,5 @@
 // Merging contents: every change is worked out and checked before the first one is made.
 
-#include "descriptor/Members.h"
 #include "registry/content/ContentPrivate.h"
 #include "registry/content/check_value.h"
 #include "registry/content/extend_value.h"
@@ -42,7 +41,8 @@ qzReturnStatus ContentPrivate::Append(Content const& other, AppendRule rule) {
         if (status.status == 0 && outcome.GetValuePtr() != nullptr)
             status = TestValue(index, outcome);
         if (status.status != 0)
-            return Refusal(NameOf(m_members->GetVariableIdentifier(index)) + ": " + status.message);
+            return Refusal(NameOf(m_members->GetVariableIdentifier(index, false, false, false)) + ": " +
+                           status.message);
     }
     for (auto& [index, outcome] : changes) {
         if (outcome.GetValuePtr() != nullptr)

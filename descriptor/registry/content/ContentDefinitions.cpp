@@ -1,6 +1,5 @@
 // What one object has beside its values: definitions of its own, menus and display statuses.
 
-#include "descriptor/Members.h"
 #include "qzdistribution/Handles.h"
 #include "registry/content/ContentPrivate.h"
 #include "registry/content/check_value.h"
@@ -8,12 +7,6 @@
 #include <algorithm>
 
 namespace qzDescriptor {
-
-Definition const* ContentPrivate::GetDefinition(unsigned int index) const {
-    ContentExtras::OfAttribute const* const extras = P_FindExtras(index);
-    return extras != nullptr && extras->definition ? extras->definition.get()
-                                                   : m_members->GetVariableDefinition(index);
-}
 
 bool ContentPrivate::ReplaceDefinition(unsigned int index, std::shared_ptr<Definition const> definition) {
     if (!definition || !P_Exists(index))

@@ -2,7 +2,6 @@
 
 #include "registry/content/ContentPrivate.h"
 
-#include "descriptor/Members.h"
 #include "registry/content/check_value.h"
 
 #include <algorithm>
@@ -21,7 +20,7 @@ ContentPrivate::ContentPrivate(ContentPrivate const& other)
     }
 }
 
-unsigned int ContentPrivate::GetCount() const { return m_members->GetVariableCount(); }
+unsigned int ContentPrivate::GetCount() const { return m_members->GetVariableCount(false, false); }
 
 Content::AttributeType ContentPrivate::GetAttributeType(unsigned int index) const {
     return TypeOfAttribute(GetDefinition(index));
@@ -144,7 +143,8 @@ QZ_NUMBER_TYPES(QZ_WRITE)
 ContentPrivate::Holder& ContentPrivate::P_Place(unsigned int index) {
     if (index >= m_reach) {
         // An object that is filled attribute by attribute grows a few times, and never beyond its attributes.
-        unsigned int const reach = std::min(std::max(index + 1, 2 * m_reach), GetCount());
+        constexpr unsigned int least = 3; // what fits into the smallest piece of memory there is
+        unsigned int const reach = std::min(std::max({index + 1, 2 * m_reach, least}), GetCount());
         auto holders = std::make_unique<Holder[]>(reach);
         std::move(m_holders.get(), m_holders.get() + m_reach, holders.get());
         m_holders = std::move(holders);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "descriptor/Content.h"
+#include "registry/MembersPrivate.h"
 #include "registry/content/ContentExtras.h"
 #include "values/storage/HolderPool.h"
 #include "values/storage/type_table.h"
@@ -11,7 +12,7 @@ namespace qzDescriptor {
 /// for everything that is rare.
 class ContentPrivate final : public Content {
 public:
-    explicit ContentPrivate(Members const& members) : m_members(&members) {}
+    explicit ContentPrivate(Members const& members) : m_members(&MembersPrivate::Of(members)) {}
     ContentPrivate(ContentPrivate const& other);
 
     static void* operator new(std::size_t size) { return HolderPool<ContentPrivate>::Allocate(size); }
@@ -47,7 +48,13 @@ public:
     void ClearAll() override;
     qzReturnStatus Append(Content const& other, AppendRule rule) override;
 
-    Definition const* GetDefinition(unsigned int index) const override;
+    Definition const* GetDefinition(unsigned int index) const override {
+        ContentExtras::OfAttribute const* const extras = P_FindExtras(index);
+        if (extras != nullptr && extras->definition)
+            return extras->definition.get();
+        Variable const* const variable = m_members->FindVariable(index);
+        return variable != nullptr ? variable->GetDefinition().get() : nullptr;
+    }
     bool ReplaceDefinition(unsigned int index, std::shared_ptr<Definition const> definition) override;
     bool RestoreDefinition(unsigned int index) override;
     TabularDefinition const* GetTabularDefinition(unsigned int index) const override;
@@ -95,7 +102,7 @@ private:
     ContentExtras& P_Extras();
     std::shared_ptr<TabularDefinition const> P_Manage(TabularDefinition const& definition);
 
-    Members const* m_members;
+    MembersPrivate const* m_members;
     std::unique_ptr<Holder[]> m_holders;
     unsigned int m_reach = 0; // the length of the array
     std::unique_ptr<ContentExtras> m_extras;
