@@ -1,5 +1,6 @@
 #include "descriptor/qzdescriptor.h"
 #include "qzdistribution/QZ_DT_Mgr.h"
+#include "store/Registry.h"
 
 #include <iostream>
 
@@ -9,5 +10,7 @@ int main() {
     qzString text;
     value.GetValueAsString(text, "%.2f");
     std::cout << text << '\n';
-    return text != "2.50" || QZ_DT_Mgr::GetInstance().GetTagForTableEntityType({1, 0, "", "", 0}) == 0;
+    qzDescriptor::store::Registry registry;
+    return text != "2.50" || registry.GetSession("session") == nullptr ||
+           QZ_DT_Mgr::GetInstance().GetTagForTableEntityType({1, 0, "", "", 0}) == 0;
 }

@@ -189,8 +189,9 @@ TEST_F(Queries, FindWhatAPlainLoopFinds) {
     std::function<Condition(int)> const make = [&](int depth) -> Condition {
         unsigned int const kind = random.Below(depth > 0 ? 7 : 4);
         if (kind == 0) {
-            double const limit = random.Below(8) / 2.0;
-            return {"real > " + std::to_string(limit), [=](Ply const& p) { return p.real > limit; }};
+            unsigned int const halves = random.Below(8);
+            return {"real > " + std::to_string(halves / 2) + (halves % 2 == 0 ? ".0" : ".5"),
+                    [=](Ply const& p) { return p.real > halves / 2.0; }};
         }
         if (kind == 1) {
             int const first = static_cast<int>(random.Below(5)) - 3;

@@ -26,8 +26,8 @@ public:
     virtual bool Call(qzString const& function, qzStlVector<qzVariant> const& arguments,
                       qzString& output) = 0;
 
-    /// The interpreter that is registered for a language, or that a library beside this one brings for it; null
-    /// when there is none. It stays with whoever registered it.
+    /// The interpreter that is registered for a language, or that a library beside this one brings for it;
+    /// null when there is none. It stays with whoever registered it.
     static qzInterp* Get(qzString const& language);
     /// False when the language has an interpreter already.
     static bool Register(qzString const& language, qzInterp& interpreter);
