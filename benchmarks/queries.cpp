@@ -165,9 +165,10 @@ private:
 class OurSession {
 public:
     explicit OurSession(Case const& each) : m_query(each.query) {}
-    long long Count() { return PartSession::Get().Count(m_query); }
+    long long Count() { return m_session.Count(m_query); }
 
 private:
+    PartSession const& m_session = PartSession::Get();
     char const* m_query;
 };
 
@@ -227,9 +228,9 @@ void Filter(benchmark::State& state, Case const& each, long long expected) {
 }
 
 template <class Peer>
-void Register(char const* who, Case const& each, long long expected) {
+void Register(char const* what, char const* who, Case const& each, long long expected) {
     benchmark::RegisterBenchmark(
-        ("filter 1M by " + std::string(each.name) + "/" + who).c_str(),
+        ("filter 1M " + std::string(what) + " by " + each.name + "/" + who).c_str(),
         [&each, expected](benchmark::State& state) { Filter<Peer>(state, each, expected); })
         ->Unit(benchmark::kMillisecond);
 }
@@ -237,10 +238,11 @@ void Register(char const* who, Case const& each, long long expected) {
 bool const s_registered = [] {
     for (Case const& each : s_cases) {
         long long const expected = Ours(each).Count();
-        Register<Ours>("ours", each, expected);
-        Register<OurSession>("ours (session)", each, expected);
+        Register<Ours>("structures", "ours", each, expected);
+        Register<OurSession>("objects", "ours", each, expected);
 #ifdef QZ_HAVE_SQLITE
-        Register<Sqlite>("SQLite", each, expected);
+        for (char const* const what : {"structures", "objects"})
+            Register<Sqlite>(what, "SQLite", each, expected);
 #endif
     }
     return true;

@@ -1,6 +1,6 @@
 // Finding a metaclass by its name and an attribute by its name or handle; registering a whole model.
 
-#include "registry_peers.h"
+#include "metaclass_peers.h"
 
 #include <benchmark/benchmark.h>
 
@@ -25,7 +25,7 @@ namespace {
 std::vector<std::string> ShuffledNames(unsigned int count) {
     std::vector<std::string> names;
     for (unsigned int k = 0; k < count; ++k)
-        names.push_back("Metaclass" + std::to_string(count) + "x" + std::to_string(k));
+        names.push_back("Metaclass" + std::to_string(k));
     std::ranges::shuffle(names, std::mt19937(1));
     return names;
 }

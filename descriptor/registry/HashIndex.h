@@ -4,15 +4,37 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <cstring>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace qzDescriptor {
 
-inline std::uint32_t HashOf(std::string_view name) {
-    return static_cast<std::uint32_t>(std::hash<std::string_view>()(name));
+/// Names are short, and most of a look-up would be the call of the standard library's hash. Word by word; the
+/// last word may overlap the one before it.
+inline std::uint32_t HashOf(std::string_view name) noexcept {
+    auto const load = [&]<class Word>(Word word, std::size_t at) -> std::uint64_t {
+        std::memcpy(&word, name.data() + at, sizeof word);
+        return word;
+    };
+    std::size_t const size = name.size();
+    std::uint64_t hash = size;
+    auto const mix = [&hash](std::uint64_t word) {
+        hash = (hash ^ word) * 0x9E3779B97F4A7C15U;
+        hash ^= hash >> 32;
+    };
+    if (size >= 8) {
+        for (std::size_t at = 0; at + 8 < size; at += 8)
+            mix(load(std::uint64_t(), at));
+        mix(load(std::uint64_t(), size - 8));
+    } else if (size >= 4) {
+        mix(load(std::uint32_t(), 0) << 32 | load(std::uint32_t(), size - 4));
+    } else if (size > 0) {
+        mix(load(std::uint8_t(), 0) << 16 | load(std::uint8_t(), size / 2) << 8 |
+            load(std::uint8_t(), size - 1));
+    }
+    return static_cast<std::uint32_t>(hash);
 }
 
 /// Finds positions in a list that the caller keeps by a hash of what stands there. Cells are probed one after

@@ -49,7 +49,7 @@ std::vector<std::unique_ptr<MetaclassRecord>> MetaclassMgrPrivate::P_EmptySlot()
 
 unsigned int MetaclassMgrPrivate::FindHandle(qzString const& name) const {
     unsigned int const found = metaclassesByName.Find(
-        HashOf(name), [&](unsigned int metaclass) { return metaclasses[metaclass]->name == name; });
+        HashOf(name), [&](unsigned int metaclass) { return names[metaclass] == name; });
     return found == HashIndex::s_none ? 0 : found;
 }
 
@@ -90,6 +90,7 @@ unsigned int MetaclassMgr::Insert(qzString const& name, Version const& version, 
 
     auto const handle = static_cast<unsigned int>(m_private->metaclasses.size());
     m_private->childrenByParentName[record->parentName].push_back(handle);
+    m_private->names.push_back(record->name);
     m_private->metaclasses.push_back(std::move(record));
     m_private->metaclassesByName.Insert(HashOf(name), handle);
     return handle;

@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -66,6 +67,8 @@ public:
     std::vector<std::unique_ptr<MetaclassRecord>> metaclasses = P_EmptySlot();
 
     HashIndex metaclassesByName;
+    std::vector<std::string_view> names{
+        std::string_view()}; ///< of the records: compared without a way around
     /// By the recorded name of the parent, which is empty for roots; in handle order.
     std::unordered_map<qzString, std::vector<unsigned int>> childrenByParentName;
     /// The owner attributes of all rules, by owner.
