@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 using namespace qzDescriptor;
 using namespace qzDescriptor::test;
 

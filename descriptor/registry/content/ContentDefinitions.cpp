@@ -8,6 +8,11 @@
 
 namespace qzDescriptor {
 
+Definition const* ContentPrivate::P_FindReplaced(unsigned int index) const {
+    ContentExtras::OfAttribute const* const extras = m_extras->Find(index);
+    return extras != nullptr ? extras->definition.get() : nullptr;
+}
+
 bool ContentPrivate::ReplaceDefinition(unsigned int index, std::shared_ptr<Definition const> definition) {
     if (!definition || !P_Exists(index))
         return false;

@@ -116,21 +116,25 @@ void ContentPrivate::ClearAll() {
     m_holders.reset();
 }
 
-// The test of the number comes first, since it is all there is to do for a number that is set already.
+// A number that is set already is found and tested, and that is all: nothing here may slow that down.
 template <class T>
 bool ContentPrivate::P_Write(unsigned int index, T const& value) {
+    ValuePtr* const own = P_FindOwn(index);
+    ScalarStorage<T>* const scalar = own != nullptr ? ScalarStorage<T>::Of(own) : nullptr;
     Definition const* const definition = GetDefinition(index);
     if (definition == nullptr || definition->GetAllowables().Test(value) == 1)
         return false;
-    if (ValuePtr* const own = P_FindOwn(index)) {
-        if (ScalarStorage<T>* const scalar = ScalarStorage<T>::Of(own)) {
-            scalar->m_value = value;
-            return true;
-        }
-    }
+    if (scalar == nullptr)
+        return P_WriteAnew(index, value, *definition);
+    scalar->m_value = value;
+    return true;
+}
+
+template <class T>
+bool ContentPrivate::P_WriteAnew(unsigned int index, T const& value, Definition const& definition) {
     Value made;
     made.SetValue(value);
-    if (!IsOfType(*definition, made.GetValuePtr()))
+    if (!IsOfType(definition, made.GetValuePtr()))
         return false;
     P_Store(index, std::move(made));
     return true;

@@ -49,9 +49,8 @@ public:
     qzReturnStatus Append(Content const& other, AppendRule rule) override;
 
     Definition const* GetDefinition(unsigned int index) const override {
-        ContentExtras::OfAttribute const* const extras = P_FindExtras(index);
-        if (extras != nullptr && extras->definition)
-            return extras->definition.get();
+        if (Definition const* const replaced = m_extras ? P_FindReplaced(index) : nullptr)
+            return replaced;
         Variable const* const variable = m_members->FindVariable(index);
         return variable != nullptr ? variable->GetDefinition().get() : nullptr;
     }
@@ -79,6 +78,8 @@ private:
 #undef QZ_TRY_SET
     template <class T>
     bool P_Write(unsigned int index, T const& value);
+    template <class T>
+    bool P_WriteAnew(unsigned int index, T const& value, Definition const& definition);
 
     bool P_Exists(unsigned int index) const { return GetDefinition(index) != nullptr; }
     /// Null for an attribute at its default.
@@ -99,6 +100,7 @@ private:
     ContentExtras::OfAttribute const* P_FindExtras(unsigned int index) const {
         return m_extras ? m_extras->Find(index) : nullptr;
     }
+    Definition const* P_FindReplaced(unsigned int index) const;
     ContentExtras& P_Extras();
     std::shared_ptr<TabularDefinition const> P_Manage(TabularDefinition const& definition);
 
