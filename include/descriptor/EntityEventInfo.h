@@ -3,6 +3,7 @@
 #include "descriptor/EntityFullType.h"
 #include "descriptor/Identifier.h"
 #include "qzutl/qzStlVector.h"
+#include "qzutl/qzVariant.h"
 
 #include <cstdint>
 
@@ -45,5 +46,10 @@ private:
     Identifier m_identifier;
     ENTITY_EVENT_TYPE m_eventType = ENTITY_EVENT_NONE;
 };
+
+/// What a script function that is connected to a signal gets for an event: a text, which is a list in Tcl, of
+/// what happened, the type, the attribute and the ids, as in "changed {Special ply} T 1 2 3". An event of
+/// another kind begins with its number; without an attribute there is {} in its place.
+QZDESCRIPTOR_API qzVariant qzScriptArgument(EntityEventInfo const& event);
 
 } // namespace qzDescriptor

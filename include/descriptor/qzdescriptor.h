@@ -46,6 +46,7 @@
 #include "descriptor/QueryCheck.h"
 #include "descriptor/QueryParser.h"
 #include "descriptor/ScalarStorage.h"
+#include "descriptor/ScriptFunction.h"
 #include "descriptor/ScriptSession.h"
 #include "descriptor/Tabular.h"
 #include "descriptor/TabularAttribute.h"
