@@ -1,4 +1,5 @@
 #include "deck/DeckFolder.h"
+#include "qzinterp/qzInterp.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -217,6 +218,22 @@ TEST(Command, ARefusedChangeWritesNothing) {
     std::string const shown = Call(folder, "show \"" + output + "\" PSHELL 1").output;
     EXPECT_NE(shown.find("\n  T          3 "), std::string::npos) << shown;
     EXPECT_NE(shown.find("\n  MID2       - "), std::string::npos) << shown;
+}
+
+TEST(Command, ScriptsPrintAndFail) {
+    if (qzInterp::Get("tcl") == nullptr)
+        GTEST_SKIP() << "there is no Tcl";
+    DeckFolder const folder;
+    std::string const deck = "script \"" + folder.Write("deck.bdf", "GRID,1\n") + "\" ";
+    std::string const script = folder.Write("script.tcl", "puts [expr {6 * 7}]\n");
+    std::string const wrong = folder.Write("wrong.tcl", "error {no more}\n");
+    Outcome const done = Call(folder, deck + '"' + script + '"');
+    EXPECT_EQ(done.status, 0) << done.errors;
+    EXPECT_EQ(done.output, "42\n");
+    Outcome const failed = Call(folder, deck + '"' + wrong + '"');
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_NE(failed.errors.find("no more"), std::string::npos) << failed.errors;
+    EXPECT_EQ(Call(folder, deck + '"' + script + ".none.tcl\"").status, 2);
 }
 
 } // namespace

@@ -77,7 +77,7 @@ void InsertMenus(DeckRegistry& registry) {
 }
 
 qzReturnStatus CanDescribeCard(Metaobject const* object) {
-    qzString const& name = object->GetEntityFullType().GetTypeNamed();
+    qzString const name = object->GetEntityFullType().GetTypeNamed();
     return FindCard(name) != nullptr ? qzReturnStatus()
                                      : qzReturnStatus{-1, "nothing is known of " + name + " cards"};
 }

@@ -24,6 +24,14 @@ bool MayReferTo(CardDefinition const* definition, std::string_view card) {
            });
 }
 
+/// Whether a number stands anywhere on a card: most cards need no closer look.
+bool HoldsNumber(Card const& card, int number) {
+    return std::ranges::any_of(card.Values(), [number](Value const& value) {
+        int found = 0;
+        return value.GetValue(found) && found == number;
+    });
+}
+
 /// Whether the reference at a place has this number, which a blank has when it is the card's own.
 bool HasNumber(CardObject const& object, PlacedField const& placed, std::size_t place, int number) {
     auto const& values = object.GetCard().Values();
@@ -42,6 +50,8 @@ unsigned int DeckSession::P_ChangeReferences(CardPopulation& cards, std::string_
     unsigned int count = 0;
     PlacedFields placed;
     cards.ForEach([&](CardObject& object) {
+        if (!HoldsNumber(object.GetCard(), old))
+            return;
         object.GetCard().Place(placed);
         for (std::size_t place = 0; place < placed.size(); ++place) {
             if (!RefersTo(placed[place].field, referred) || !HasNumber(object, placed[place], place, old))
