@@ -33,6 +33,54 @@ void TakeDeckAndCard(CLI::App& command, Arguments& arguments) {
     command.add_flag("--csv", arguments.isCsv, "As comma-separated values instead of text");
 }
 
+void TakeDeckAndObject(CLI::App& command, Arguments& arguments) {
+    TakeDeck(command, arguments);
+    command.add_option("CARD", arguments.card, "The name of a card, or of what else a deck holds")
+        ->required();
+    command.add_option("ID", arguments.id, "Its number")->required();
+}
+
+void TakeDeckAndPerhapsObject(CLI::App& command, Arguments& arguments) {
+    TakeDeck(command, arguments);
+    auto* const card = command.add_option("CARD", arguments.card, "Of one object: its type");
+    auto* const id = command.add_option("ID", arguments.id, "And its number");
+    card->needs(id);
+}
+
+void TakeChanges(CLI::App& command, Arguments& arguments) {
+    TakeDeckAndObject(command, arguments);
+    command.add_option("CHANGE", arguments.words, "FIELD=VALUE, as often as needed")->required();
+    command.add_option("-o,--output", arguments.output, "The file to write")->required();
+}
+
+void TakeQuery(CLI::App& command, Arguments& arguments) {
+    TakeDeck(command, arguments);
+    command.add_option("CARD", arguments.card, "A card, or a kind of them such as element")->required();
+    command.add_option("QUERY", arguments.text, "A condition; empty for all")->required();
+    command.add_option("--explain", arguments.explained, "Tell why this number is found or not");
+    command.add_flag("--count", arguments.isCount, "Only how many there are");
+    command.add_flag("--csv", arguments.isCsv, "With their attributes, as comma-separated values");
+}
+
+void TakeAction(CLI::App& command, Arguments& arguments) {
+    TakeDeckAndObject(command, arguments);
+    command.add_option("ACTION", arguments.text, "What is to be done")->required();
+    command.add_option("ARGUMENT", arguments.words, "What the action is told");
+    command.add_option("-o,--output", arguments.output, "The file to write the deck to");
+}
+
+void TakeScript(CLI::App& command, Arguments& arguments) {
+    TakeDeck(command, arguments);
+    command.add_option("FILE", arguments.text, "The script, .py or .tcl")->required();
+    command.add_option("-o,--output", arguments.output, "The file to write the deck to");
+}
+
+void TakeType(CLI::App& command, Arguments& arguments) {
+    command.add_option("CARD", arguments.card, "A card, or a kind of them such as element")->required();
+}
+
+void TakeNothing(CLI::App&, Arguments&) {}
+
 struct Command {
     char const* name;
     char const* purpose;
@@ -40,7 +88,16 @@ struct Command {
     int (*run)(Arguments const&);
 };
 constexpr Command s_commands[] = {
-    {"show", "Tell what a deck holds", TakeDeck, qzDeck::Show},
+    {"show", "Tell what a deck holds, or all about one object of it", TakeDeckAndPerhapsObject, qzDeck::Show},
+    {"summary", "Count what a deck holds, by kind", TakeDeck, qzDeck::Summarize},
+    {"tree", "Tell what owns what", TakeDeckAndPerhapsObject, qzDeck::PrintTree},
+    {"query", "Find the objects that satisfy a condition", TakeQuery, qzDeck::Query},
+    {"set", "Change fields of an object", TakeChanges, qzDeck::Set},
+    {"run", "Start an action on an object", TakeAction, qzDeck::RunAction},
+    {"script", "Run a script on a deck", TakeScript, qzDeck::RunScript},
+    {"types", "Print the kinds of objects there are", TakeNothing, qzDeck::PrintTypes},
+    {"actions", "Print what can be done with a kind of object", TakeType, qzDeck::PrintActions},
+    {"menu", "Print the menu of a kind of object", TakeType, qzDeck::PrintMenu},
     {"facts", "Print counts and sums of a deck as JSON", TakeDeck, qzDeck::PrintFacts},
     {"check", "Find what is wrong with a deck", TakeDeck, qzDeck::Check},
     {"describe", "Tell what the fields of a card are", TakeCard, qzDeck::DescribeCards},

@@ -1,4 +1,5 @@
 #include "deck/DeckFolder.h"
+#include "qzinterp/qzInterp.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -153,6 +154,86 @@ TEST(Command, ShowTellsWhatTheFootbridgeIs) {
     for (char const* line : {"Cards: 82 of 17 kinds\n", "  GRID           21  first field 101 to 307\n",
                              "  X1  0 to 12535.9\n", "does not hold: none\n", "wrong in the text: none\n"})
         EXPECT_NE(shown.output.find(line), std::string::npos) << line << shown.output;
+}
+
+TEST(Command, ObjectsAreFoundShownAndChanged) {
+    DeckFolder const folder;
+    struct Case {
+        std::string arguments;
+        int status;
+        char const* part; // of what is printed
+    };
+    std::string const bridge = '"' + OwnDeck("footbridge.bdf") + "\" ";
+    std::string const sampler = '"' + OwnDeck("sampler.bdf") + "\" ";
+    std::string const output = " -o \"" + (folder.Path() / "out.bdf").string() + '"';
+    Case const cases[] = {
+        {"summary " + bridge, 0, "\n    shell element                    12\n      CQUAD4                         12\n"},
+        {"show " + bridge + "pshell 1", 0, "\n  NSM        0 (default)                    Mass per area"},
+        {"show " + bridge + "CBAR 3001", 0, "\n  X1         1 (default of the deck)"},
+        {"show " + sampler + "CROD 17", 0, "\n  PID        17 (own number)  PROD 17"},
+        {"show " + sampler + "ply 2", 0, "\nowned by PCOMP 2 (plies)\n"},
+        {"show " + bridge + "PSHELL 2", 2, "qzdeck: there is no PSHELL 2\n"},
+        {"show " + bridge + "nothing 2", 2, "qzdeck: nothing is called nothing\n"},
+        {"show " + bridge + "PSHELL", 2, "CARD requires ID"},
+        {"tree " + sampler + "GRAV 1", 0, "load set 32\n  GRAV 1 (loads)\n"},
+        {"tree " + sampler, 0, "\nPCOMP 2\n  ply 1 (plies)\n  ply 2 (plies)\n"},
+        {"query " + bridge + "element \"EID < 1003\"", 0, "CQUAD4 1001\nCQUAD4 1002\n"},
+        {"query " + bridge + "element \"\" --count", 0, "40\n"},
+        {"query " + bridge + "\"line property\" \"MID = 1\" --csv", 0, "type,id,PID,MID\n"},
+        {"query " + bridge + "PSHELL \"T > 10\" --explain 1", 0, "PSHELL 1: T > 10 is false: T is 8\n"},
+        {"query " + bridge + "element \"EID = or\"", 2, "qzdeck: at 7: found 'or', expected a value\n"},
+        {"query " + bridge + "element \"weight > 2\"", 2, "qzdeck: 'weight' is no attribute of element\n"},
+        {"set " + bridge + "PSHELL 1 T=12. NSM=-1.-3" + output, 0, ""},
+        {"set " + sampler + "PCOMP 2 \"T(2)=.25\"" + output, 0, ""},
+        {"types", 0,
+         "\n      CQUAD4: 14 attributes\n        configuration: turned by angle, 13 attributes\n"},
+        {"types", 0, "\n  load: 5 attributes\n    owned by: load set, loads\n"},
+        {"menu CQUAD4", 0, "Actions\n  Describe -> Describe\n  Mass -> Mass\n"},
+        {"menu set", 2, "qzdeck: set has no menu\n"},
+        {"actions MAT1", 0, "\nRenumber: Gives it another number, and all that refer to it\n"},
+        {"run " + bridge + "CQUAD4 1001 Mass", 0, "The mass of CQUAD4 1001 is 0.1256\n"},
+        {"run " + bridge + "PSHELL 1 Renumber 7" + output, 0, "now, for 12 references to it.\n"},
+        {"run " + bridge + "PSHELL 1 Renumber x" + output, 1, "qzdeck: 'x' is no number for a card.\n"},
+        {"run " + bridge + "PSHELL 1 Dance", 1, "qzdeck: PSHELL 1 has no action Dance\n"},
+        {"run " + bridge + "CQUAD4 1006 Dance", 1, "has no action"},
+        {"script " + bridge + bridge, 2, "qzdeck: a script is a file .py or .tcl\n"},
+    };
+    for (auto const& [arguments, status, part] : cases) {
+        Outcome const outcome = Call(folder, arguments);
+        EXPECT_EQ(outcome.status, status) << arguments << outcome.errors;
+        std::string const& printed = status == 0 ? outcome.output : outcome.errors;
+        EXPECT_NE(printed.find(part), std::string::npos) << arguments << '\n' << printed;
+    }
+}
+
+TEST(Command, ARefusedChangeWritesNothing) {
+    DeckFolder const folder;
+    std::string const output = (folder.Path() / "out.bdf").string();
+    std::string const set = "set \"" + OwnDeck("footbridge.bdf") + "\" PSHELL 1 -o \"" + output + "\" ";
+    Outcome const refused = Call(folder, set + "NSM=1. T=-3");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.errors, "qzdeck: PSHELL 1 T: Input of -3 violates: VALUE > 0\n");
+    EXPECT_FALSE(std::filesystem::exists(output));
+    EXPECT_EQ(Call(folder, set + "T=3 MID2=").status, 0);
+    std::string const shown = Call(folder, "show \"" + output + "\" PSHELL 1").output;
+    EXPECT_NE(shown.find("\n  T          3 "), std::string::npos) << shown;
+    EXPECT_NE(shown.find("\n  MID2       - "), std::string::npos) << shown;
+}
+
+TEST(Command, ScriptsPrintAndFail) {
+    if (qzInterp::Get("tcl") == nullptr)
+        GTEST_SKIP() << "there is no Tcl";
+    DeckFolder const folder;
+    std::string const deck = "script \"" + folder.Write("deck.bdf", "GRID,1\n") + "\" ";
+    std::string const script = folder.Write("script.tcl", "puts [expr {6 * 7}]\n");
+    std::string const wrong = folder.Write("wrong.tcl", "error {no more}\n");
+    Outcome const done = Call(folder, deck + '"' + script + '"');
+    EXPECT_EQ(done.status, 0) << done.errors;
+    EXPECT_EQ(done.output, "42\n");
+    Outcome const failed = Call(folder, deck + '"' + wrong + '"');
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_NE(failed.errors.find("no more"), std::string::npos) << failed.errors;
+    EXPECT_EQ(Call(folder, deck + '"' + script + ".none.tcl\"").status, 2);
 }
 
 } // namespace

@@ -62,6 +62,13 @@ Field const* Choose(Fields alternatives, Value const* value) {
     return found == alternatives.end() ? &alternatives.front() : &*found;
 }
 
+Value DefaultOf(Field const& field) {
+    Value value;
+    if (HasFlag(field, FIELD_HAS_DEFAULT))
+        field.definition.GetAllowables().GetDefault(value);
+    return value;
+}
+
 Fields FieldsAt(Fields fields, std::size_t place) {
     auto const standsThere = [place](Field const& field) {
         return field.position.IsValid() && PlaceOf(field.position) == place;

@@ -43,6 +43,9 @@ public:
     /// Appends what stands at the further places, as far as the values reach and until what they have begun
     /// is complete. A tail of equal rows has at least so many.
     virtual void Place(Fields fields, Values values, std::size_t rows, PlacedFields& placed) const = 0;
+    /// What a further row begins with, so that it is there: what blanks stand for, in the order of its
+    /// fields. Nothing when there are no such rows.
+    virtual std::vector<qzDescriptor::Value> BeginRow(Fields fields, unsigned int row) const = 0;
     /// For people.
     virtual std::string_view Note() const = 0;
 };
@@ -97,6 +100,9 @@ private:
 /// Of the fields at one place the one that takes values of the value's type: the first when the value is
 /// blank, absent or fits none; null when there are no fields.
 Field const* Choose(Fields alternatives, qzDescriptor::Value const* value);
+
+/// What a blank of the field stands for; empty when that is nothing.
+qzDescriptor::Value DefaultOf(Field const& field);
 
 /// Those of the fields that stand at a place.
 Fields FieldsAt(Fields fields, std::size_t place);

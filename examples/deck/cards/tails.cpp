@@ -39,6 +39,13 @@ public:
             }
         }
     }
+    std::vector<Value> BeginRow(Fields fields, unsigned int) const override {
+        std::vector<Value> values;
+        for (std::size_t place = PlaceOf(fields.front().position); place <= PlaceOf(fields.back().position);
+             ++place)
+            values.push_back(DefaultOf(FieldsAt(fields, place).front()));
+        return values;
+    }
     std::string_view Note() const override { return "repeated to the end of the card"; }
 };
 
@@ -71,6 +78,13 @@ public:
                 placed.push_back({&field, station, PlacedField::s_single, false});
             P_PlaceStation(fields, count, station, hasStations, placed);
         }
+    }
+    /// Between two stations stand fields of the second.
+    std::vector<Value> BeginRow(Fields fields, unsigned int row) const override {
+        std::vector<Value> values;
+        for (std::size_t i = s_station; i < fields.size() && row > 0; ++i)
+            values.push_back(DefaultOf(fields[i]));
+        return values;
     }
     std::string_view Note() const override {
         return "for each station as many DIM as the TYPE has dimensions, then NSM";
@@ -112,6 +126,7 @@ public:
             cursor.Advance();
         } while (placed.size() < values.size() || !cursor.IsComplete());
     }
+    std::vector<Value> BeginRow(Fields, unsigned int) const override { return {}; }
     std::string_view Note() const override {
         return "groups of WT, C, G, G, ...; then after the word UM pairs of GM and CM, after ALPHA a number";
     }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ std::string WhereIs(Card const& card, Model const& model);
 
 /// `file:line: CARD FIELD value: message`; without the value when the field is blank.
 std::string Describe(Finding const& finding, Model const& model);
+
+/// What is wrong with a value that is not blank, by itself; null is a field without a definition.
+std::optional<std::string> FindFault(Field const* field, qzDescriptor::Value const& value);
 
 /// What the definitions of the cards do not allow: fields that cannot be read, of a wrong type, outside of
 /// what is allowed, blank although required.

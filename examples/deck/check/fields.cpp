@@ -88,8 +88,12 @@ std::optional<std::string> CheckText(Field const& field, qzString const& text) {
     return message && Test(field.definition.GetAllowables(), qzString(Upper(text))) ? message : std::nullopt;
 }
 
-/// What is wrong with a value that is not blank. One that no type holds is a string under a mark.
-std::optional<std::string> CheckValue(Field const* field, Value const& value) {
+bool IsBlank(Value const& value) { return value.GetBasicType() == qzDescriptor::BT_NONE; }
+
+} // namespace
+
+/// One that no type holds is a string under a mark.
+std::optional<std::string> FindFault(Field const* field, Value const& value) {
     if (int integer = 0; value.GetValue(integer))
         return field == nullptr ? std::nullopt : CheckInteger(*field, integer);
     if (double real = 0.0; value.GetValue(real))
@@ -104,10 +108,6 @@ std::optional<std::string> CheckValue(Field const* field, Value const& value) {
     return problem ? std::optional<std::string>(Sentence(*problem)) : std::nullopt;
 }
 
-bool IsBlank(Value const& value) { return value.GetBasicType() == qzDescriptor::BT_NONE; }
-
-} // namespace
-
 Findings CheckFields(Model const& model) {
     Findings findings;
     PlacedFields placed;
@@ -119,7 +119,7 @@ Findings CheckFields(Model const& model) {
             if (isBlank && !placed[place].isRequired)
                 continue;
             auto message = isBlank ? std::optional<std::string>("a required field is blank")
-                                   : CheckValue(placed[place].field, values[place]);
+                                   : FindFault(placed[place].field, values[place]);
             if (message)
                 findings.push_back(
                     {Finding::Violation, &card, place, placed[place].Label(place), std::move(*message)});

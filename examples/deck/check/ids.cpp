@@ -10,23 +10,11 @@ namespace qzDeck {
 
 namespace {
 
-/// The name of the group of cards in which a card's id is unique: a family, or cards of one name. Empty for
-/// cards that share ids by design.
-std::string_view GroupOf(CardKind const& kind) {
-    for (FamilyTraits const& family : AllFamilies()) {
-        if (family.hasUniqueIds && IsMember(family, kind.name))
-            return family.label;
-    }
-    bool const hasId =
-        kind.definition != nullptr && HasFlag(kind.definition->AllFields().front(), FIELD_IS_ID);
-    return hasId ? std::string_view(kind.name) : std::string_view();
-}
-
 class IdChecker {
 public:
     explicit IdChecker(Model const& model) : m_model(model) {
         for (CardKind const& kind : model.Kinds())
-            m_idsByKind[&kind] = GroupOf(kind).empty() ? nullptr : &m_ids[GroupOf(kind)];
+            m_idsByKind[&kind] = IdGroupOf(kind).empty() ? nullptr : &m_ids[IdGroupOf(kind)];
     }
 
     Findings Check() {

@@ -19,20 +19,22 @@ std::string Count(std::size_t count, std::string const& noun) {
 } // namespace
 
 int Check(Arguments const& arguments) {
-    auto const model = ReadDeck(arguments.deck);
-    if (!model)
+    DeckRegistry registry;
+    DeckSession const* const session = ReadDeck(registry, arguments.deck);
+    if (session == nullptr)
         return s_failure;
+    Model const& model = session->GetModel();
     std::array<std::size_t, 4> counts{};
-    for (Findings const& findings : {CheckFields(*model), CheckReferences(*model), CheckIds(*model)}) {
+    for (Findings const& findings : {CheckFields(model), CheckReferences(model), CheckIds(model)}) {
         for (Finding const& finding : findings) {
             ++counts[finding.kind];
-            std::cout << Describe(finding, *model) << '\n';
+            std::cout << Describe(finding, model) << '\n';
         }
     }
-    auto const& reports = model->GetReports();
+    auto const& reports = model.GetReports();
     auto const structural = static_cast<std::size_t>(std::count_if(
         reports.begin(), reports.end(), [](Report const& report) { return IsStructural(report.problem); }));
-    std::cout << arguments.deck << ": " << Count(model->Cards().size(), "card") << ", "
+    std::cout << arguments.deck << ": " << Count(model.Cards().size(), "card") << ", "
               << Count(structural, "misplaced line") << ", " << Count(counts[Finding::Violation], "violation")
               << ", " << Count(counts[Finding::DanglingReference], "dangling reference") << ", "
               << Count(counts[Finding::DuplicateId], "duplicate id") << ", "

@@ -8,10 +8,12 @@
 namespace qzDeck {
 
 int PrintFacts(Arguments const& arguments) {
-    auto const model = ReadDeck(arguments.deck);
-    if (!model)
+    DeckRegistry registry;
+    DeckSession const* const session = ReadDeck(registry, arguments.deck);
+    if (session == nullptr)
         return s_failure;
-    std::cout << ToJson(CollectFacts(*model)) << '\n';
+    Model const& model = session->GetModel();
+    std::cout << ToJson(CollectFacts(model)) << '\n';
     return EndOutput(s_success);
 }
 

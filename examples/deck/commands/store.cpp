@@ -9,10 +9,12 @@
 namespace qzDeck {
 
 int Store(Arguments const& arguments) {
-    auto const model = ReadDeck(arguments.deck);
-    if (!model)
+    DeckRegistry registry;
+    DeckSession const* const session = ReadDeck(registry, arguments.deck);
+    if (session == nullptr)
         return s_failure;
-    auto const tables = MakeModelTables(*model);
+    Model const& model = session->GetModel();
+    auto const tables = MakeModelTables(model);
     std::string const set = std::filesystem::path(arguments.deck).filename().string();
     std::vector<bool> areEqual;
     QZDT_Result stored = StoreTables(arguments.output, set, tables);

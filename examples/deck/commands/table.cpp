@@ -23,27 +23,24 @@ bool HasId(Card const& card, int id) {
     return hasId;
 }
 
-int Refuse(std::string const& reason) {
-    std::cerr << "qzdeck: " << reason << '\n';
-    return s_failure;
-}
-
 } // namespace
 
 int PrintTable(Arguments const& arguments) {
     std::string const name = Upper(arguments.card);
     CardDefinition const* const definition = FindCard(name);
     if (definition == nullptr)
-        return Refuse("no card " + name + " is defined");
+        return Refuse("no card " + name + " is defined", s_failure);
     auto const columns = ListColumns(*definition);
     if (columns.empty())
-        return Refuse(name + " has no list that makes a table");
-    auto const model = ReadDeck(arguments.deck);
-    if (!model)
+        return Refuse(name + " has no list that makes a table", s_failure);
+    DeckRegistry registry;
+    DeckSession const* const session = ReadDeck(registry, arguments.deck);
+    if (session == nullptr)
         return s_failure;
+    Model const& model = session->GetModel();
     bool isFound = false;
     TableRows rows;
-    for (Card const& card : model->Cards()) {
+    for (Card const& card : model.Cards()) {
         if (card.Name() != name || !HasId(card, arguments.id))
             continue;
         isFound = true;
@@ -52,7 +49,7 @@ int PrintTable(Arguments const& arguments) {
                     std::make_move_iterator(further.end()));
     }
     if (!isFound)
-        return Refuse("there is no " + name + ' ' + std::to_string(arguments.id));
+        return Refuse("there is no " + name + ' ' + std::to_string(arguments.id), s_failure);
     auto const write = arguments.isCsv ? WriteCsv : WriteAligned;
     write(std::cout, TextsOf(columns, rows));
     return EndOutput(s_success);

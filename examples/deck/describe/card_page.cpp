@@ -104,21 +104,6 @@ std::string WordsOf(Allowables const& allowables) {
     return text;
 }
 
-std::string AllowedIn(Field const& field) {
-    if (HasFlag(field, FIELD_IS_COMPONENTS))
-        return "digits 1 to 6, each once, or 0";
-    Allowables const& allowables = field.definition.GetAllowables();
-    std::string text = Join(BoundsOf<int>(allowables), ", ", BoundsOf<double>(allowables));
-    text = Join(text, ", ", WordsOf(allowables));
-    auto const family = static_cast<Family>(field.definition.GetUserParams().GetForeignReference());
-    return family == Family::None ? text : Join(text, ", ", "a " + std::string(TraitsOf(family).noun));
-}
-
-std::string MeasuredBy(Field const& field) {
-    UnitsDimensionality const& units = field.definition.GetUnitsDimensionality();
-    return Join(units.GetDimensionalityDisplayName(0), " or ", units.GetDimensionalityDisplayName(1));
-}
-
 std::string MeaningOf(Field const& field) {
     return Join(field.definition.GetDisplayName(), ". ", field.definition.GetDescription());
 }
@@ -129,7 +114,7 @@ std::vector<Row> RowsOf(CardDefinition const& card) {
         bool const isAlternative = &field != &card.AlternativesTo(field).front();
         rows.push_back({(isAlternative ? "or " : "") + NameOf(field), isAlternative ? "" : LineOf(field),
                         isAlternative ? "" : ColumnsOf(field), TypeOf(field), BlankOf(card, field),
-                        AllowedIn(field), MeasuredBy(field), MeaningOf(field)});
+                        AllowedIn(field.definition), MeasuredBy(field.definition), MeaningOf(field)});
     }
     return rows;
 }
@@ -184,6 +169,21 @@ void WriteMarkdownTable(std::ostream& out, std::vector<Row> const& rows) {
 }
 
 } // namespace
+
+std::string AllowedIn(qzDescriptor::Definition const& definition) {
+    if ((definition.GetUserParams().GetFlag() & FIELD_IS_COMPONENTS) != 0)
+        return "digits 1 to 6, each once, or 0";
+    Allowables const& allowables = definition.GetAllowables();
+    std::string text = Join(BoundsOf<int>(allowables), ", ", BoundsOf<double>(allowables));
+    text = Join(text, ", ", WordsOf(allowables));
+    auto const family = static_cast<Family>(definition.GetUserParams().GetForeignReference());
+    return family == Family::None ? text : Join(text, ", ", "a " + std::string(TraitsOf(family).noun));
+}
+
+std::string MeasuredBy(qzDescriptor::Definition const& definition) {
+    UnitsDimensionality const& units = definition.GetUnitsDimensionality();
+    return Join(units.GetDimensionalityDisplayName(0), " or ", units.GetDimensionalityDisplayName(1));
+}
 
 void WriteCardPage(std::ostream& out, CardDefinition const& card, PageStyle style) {
     bool const isMarkdown = style == PageStyle::Markdown;

@@ -1,5 +1,7 @@
 #include "model/Card.h"
 
+#include "cards/card_position.h"
+#include "cards/tails.h"
 #include "model/field_value.h"
 
 #include <algorithm>
@@ -100,8 +102,69 @@ bool Card::Set(Identifier const& field, Value const& value) {
         return false;
     m_values.resize(std::max(m_values.size(), target->place + 1));
     m_values[target->place] = value;
+    P_TrimBlanks();
+    return true;
+}
+
+void Card::P_TrimBlanks() {
     while (!m_values.empty() && m_values.back().GetBasicType() == qzDescriptor::BT_NONE)
         m_values.pop_back();
+}
+
+unsigned int Card::CountRows() const {
+    PlacedFields placed;
+    Place(placed);
+    unsigned int count = 0;
+    for (std::size_t place = 0; place < std::min(placed.size(), m_values.size()); ++place) {
+        if (placed[place].row != PlacedField::s_single)
+            count = std::max(count, placed[place].row + 1);
+    }
+    return count;
+}
+
+bool Card::IsRowBlank(unsigned int row) const {
+    PlacedFields placed;
+    Place(placed);
+    for (std::size_t place = 0; place < std::min(placed.size(), m_values.size()); ++place) {
+        if (placed[place].row == row && m_values[place].GetBasicType() != qzDescriptor::BT_NONE)
+            return false;
+    }
+    return true;
+}
+
+bool Card::AppendRow() {
+    if (m_kind->definition == nullptr || m_kind->definition->GetTail() == nullptr)
+        return false;
+    PlacedFields placed;
+    unsigned int const row = CountRows();
+    m_kind->definition->Place(m_values, placed, std::size_t{row});
+    std::vector<Value> values = m_values;
+    values.resize(row == 0 ? PlaceOf(m_kind->definition->TailFields().front().position) : placed.size());
+    std::size_t const before = values.size();
+    for (Value& value : m_kind->definition->GetTail()->BeginRow(m_kind->definition->TailFields(), row))
+        values.push_back(std::move(value));
+    auto const isBlank = [](Value const& value) { return value.GetBasicType() == qzDescriptor::BT_NONE; };
+    if (std::all_of(values.begin() + static_cast<std::ptrdiff_t>(before), values.end(), isBlank))
+        return false;
+    m_values = std::move(values);
+    P_TrimBlanks();
+    return true;
+}
+
+bool Card::RemoveRow(unsigned int row) {
+    PlacedFields placed;
+    Place(placed);
+    bool const isOnlyStart =
+        m_kind->definition != nullptr && m_kind->definition->GetTail() == &SectionStations() && row == 0;
+    auto const isThere = [row](PlacedField const& field) { return field.row == row; };
+    auto const first = std::find_if(placed.begin(), placed.end(), isThere);
+    auto const last = std::find_if_not(first, placed.end(), isThere);
+    auto const size = static_cast<std::ptrdiff_t>(m_values.size());
+    if (isOnlyStart || first - placed.begin() >= size)
+        return false;
+    m_values.erase(m_values.begin() + (first - placed.begin()),
+                   m_values.begin() + std::min(last - placed.begin(), size));
+    P_TrimBlanks();
     return true;
 }
 

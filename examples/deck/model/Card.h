@@ -47,7 +47,19 @@ public:
     /// A row behind the last one of a repeated field makes it longer.
     bool Set(qzDescriptor::Identifier const& field, qzDescriptor::Value const& value);
 
+    /// How many rows of its list the card holds, blank ones between them included.
+    unsigned int CountRows() const;
+    bool IsRowBlank(unsigned int row) const;
+    /// Adds a row of what blanks stand for behind the others. False when its list has no such rows, or a
+    /// blank in none of their fields stands for anything: the row would be none.
+    bool AppendRow();
+    /// Takes a row out; those behind it move up. False for one that is not there, and for the first station
+    /// of a cross-section, without which there are no others.
+    bool RemoveRow(unsigned int row);
+
 private:
+    void P_TrimBlanks();
+
     CardKind const* m_kind;
     std::uint32_t m_sourceLine;
     std::vector<qzDescriptor::Value> m_values;

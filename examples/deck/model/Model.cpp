@@ -90,6 +90,27 @@ std::optional<Model> Model::Read(std::string const& path) {
     return model;
 }
 
+CardKind& Model::P_KindNamed(std::string const& name) {
+    auto const found =
+        std::find_if(m_kinds.begin(), m_kinds.end(), [&](CardKind const& kind) { return kind.name == name; });
+    return found != m_kinds.end() ? *found : m_kinds.emplace_back(CardKind{name, FindCard(name)});
+}
+
+Card& Model::Add(std::string const& name, std::vector<qzDescriptor::Value> values) {
+    return m_cards.emplace_back(P_KindNamed(name), Card::s_noLine, std::move(values));
+}
+
+void Model::Remove(std::vector<std::uint32_t> const& cards) {
+    auto next = cards.begin();
+    std::uint32_t index = 0;
+    std::erase_if(m_cards, [&](Card const&) {
+        bool const isGone = next != cards.end() && *next == index;
+        next += isGone ? 1 : 0;
+        ++index;
+        return isGone;
+    });
+}
+
 std::vector<Line const*> Model::LinesOf(Card const& card) const {
     std::vector<Line const*> lines;
     for (std::uint32_t i = card.SourceLine(); i != Card::s_noLine; i = m_nextLines[i])

@@ -23,6 +23,11 @@ public:
     std::vector<Card>& Cards() { return m_cards; }
     std::deque<CardKind> const& Kinds() const { return m_kinds; }
 
+    /// Adds a card behind the others that was not read. The name is in capitals.
+    Card& Add(std::string const& name, std::vector<qzDescriptor::Value> values);
+    /// Takes cards out, by their indices in ascending order.
+    void Remove(std::vector<std::uint32_t> const& cards);
+
     Source const& GetSource() const { return m_source; }
     /// The lines of a card as they were read; none for one that was not.
     std::vector<Line const*> LinesOf(Card const& card) const;
@@ -35,6 +40,8 @@ public:
 
 private:
     friend class ModelBuilder;
+
+    CardKind& P_KindNamed(std::string const& name);
 
     explicit Model(Source source) : m_source(std::move(source)) {}
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "cards/families.h"
 #include "model/Card.h"
 #include "model/field_value.h"
 
 #include <cstddef>
+#include <string_view>
 
 namespace qzDeck {
 
@@ -11,6 +13,18 @@ namespace qzDeck {
 inline bool HasSeveralIds(CardDefinition const* definition) {
     return definition != nullptr && definition->GetTail() != nullptr &&
            HasFlag(definition->TailFields().front(), FIELD_IS_ID);
+}
+
+/// The name of the group of cards in which a card's id is unique: a family, or cards of one name. Empty for
+/// cards that share ids by design, and for those without any.
+inline std::string_view IdGroupOf(CardKind const& kind) {
+    for (FamilyTraits const& family : AllFamilies()) {
+        if (family.hasUniqueIds && IsMember(family, kind.name))
+            return family.label;
+    }
+    bool const hasId =
+        kind.definition != nullptr && HasFlag(kind.definition->AllFields().front(), FIELD_IS_ID);
+    return hasId ? std::string_view(kind.name) : std::string_view();
 }
 
 /// Visits the ids of a card: `visit(place, endsRange)`. It is the first field of most cards; where there are
@@ -34,6 +48,20 @@ void VisitIds(Card const& card, PlacedFields& placed, Visit const& visit) {
             visit(place, endsRange);
         endsRange = HasFlag(*field, FIELD_IS_RANGE);
     }
+}
+
+/// Whether a card has an id, or names a range in which it is.
+inline bool HoldsId(Card const& card, std::int64_t id) {
+    bool holds = false;
+    WholeNumber const wanted(id);
+    WholeNumber previous;
+    PlacedFields placed;
+    VisitIds(card, placed, [&](std::size_t place, bool endsRange) {
+        WholeNumber const found = WholeOf(card.Values()[place]);
+        holds = holds || found == wanted || (endsRange && previous <= wanted && wanted <= found);
+        previous = found;
+    });
+    return holds;
 }
 
 } // namespace qzDeck

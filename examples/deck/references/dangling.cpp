@@ -13,11 +13,19 @@ namespace qzDeck {
 
 using qzDescriptor::Value;
 
-namespace {
-
 Family FamilyOf(Field const& field) {
     return static_cast<Family>(field.definition.GetUserParams().GetForeignReference());
 }
+
+bool IsSpecialReference(Field const& field, WholeNumber const& number) {
+    if (number.IsZero())
+        return true;
+    bool const isNegative =
+        number.IsSmall() && number.Small() < 0 && number.Small() >= std::numeric_limits<int>::min();
+    return isNegative && field.definition.GetAllowables().Test(static_cast<int>(number.Small())) == 0;
+}
+
+namespace {
 
 bool HasReferences(CardDefinition const* definition) {
     return definition != nullptr &&
@@ -39,15 +47,6 @@ std::optional<WholeNumber> WholeNumberIn(Value const& value) {
     auto const end =
         std::to_chars(digits.data(), digits.data() + digits.size(), real, std::chars_format::fixed, 0);
     return WholeNumber(std::string_view(digits.data(), static_cast<std::size_t>(end.ptr - digits.data())));
-}
-
-/// A number that stands for something other than an id.
-bool IsSpecial(Field const& field, WholeNumber const& number) {
-    if (number.IsZero())
-        return true;
-    bool const isNegative =
-        number.IsSmall() && number.Small() < 0 && number.Small() >= std::numeric_limits<int>::min();
-    return isNegative && field.definition.GetAllowables().Test(static_cast<int>(number.Small())) == 0;
 }
 
 class Finder {
@@ -95,7 +94,7 @@ private:
         if (KindOf(value) != FieldKind::Integer)
             return;
         WholeNumber id = WholeOf(value);
-        if (!IsSpecial(*m_placed[place].field, id))
+        if (!IsSpecialReference(*m_placed[place].field, id))
             P_Look(card, place, std::move(id));
     }
 

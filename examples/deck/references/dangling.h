@@ -11,6 +11,12 @@
 
 namespace qzDeck {
 
+/// The family that a field refers to.
+Family FamilyOf(Field const& field);
+
+/// Whether a number in a field that refers to others is none of theirs.
+bool IsSpecialReference(Field const& field, WholeNumber const& number);
+
 struct DanglingReference {
     Card const& card;
     std::size_t place;

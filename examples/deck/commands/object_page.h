@@ -1,0 +1,13 @@
+#pragma once
+
+#include "session/DeckObject.h"
+
+#include <ostream>
+
+namespace qzDeck {
+
+/// Tells all there is about one object: its attributes with what they hold, measure, allow and refer to; what
+/// owns it and what it owns.
+void WriteObjectPage(std::ostream& out, DeckObject const& object);
+
+} // namespace qzDeck
