@@ -2,10 +2,8 @@
 // compiled.
 
 #include "objects.h"
-#include "selexpr/filter.h"
 #include "support/Random.h"
 
-#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -209,19 +207,9 @@ TEST(RandomQueries, MeanWhatANaiveEvaluationSaysAndAreReadBackAsWritten) {
         auto const again = Parse(filter, written);
         ASSERT_NE(again, nullptr) << written << '\n' << filter.GetError().message;
         ASSERT_EQ(ToText(*again), written) << expected.text;
-        // Now and then more than one block of them.
-        std::size_t const count = round % 50 == 0 ? 300 : 20;
-        std::vector<Object> objects;
-        std::generate_n(std::back_inserter(objects), count, [&] { return generator.MakeObject(); });
-        std::vector<void*> addresses;
-        for (Object& object : objects)
-            addresses.push_back(&object);
-        auto const found = std::make_unique<bool[]>(count);
-        MatchEach(*request, addresses.data(), count, found.get());
-        for (std::size_t k = 0; k < count; ++k) {
-            Object& object = objects[k];
+        for (int k = 0; k < 20; ++k) {
+            Object object = generator.MakeObject();
             bool const matches = expected.test(object);
-            ASSERT_EQ(found[k], matches) << expected.text;
             matching += matches ? 1 : 0;
             ASSERT_EQ(request->Matches(&object), matches) << expected.text << '\n'
                                                           << Explain(*request, &object).GetText();
@@ -229,8 +217,8 @@ TEST(RandomQueries, MeanWhatANaiveEvaluationSaysAndAreReadBackAsWritten) {
             ASSERT_EQ(Explain(*request, &object).matches, matches);
         }
     }
-    EXPECT_GT(matching, 3'000) << "the requests say too little";
-    EXPECT_LT(matching, 22'000);
+    EXPECT_GT(matching, 2'500) << "the requests say too little";
+    EXPECT_LT(matching, 17'500);
 }
 
 TEST(RandomQueries, WildcardsFitAsTheirMeaningSays) {

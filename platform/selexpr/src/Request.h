@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CompiledCondition.h"
-#include "Selection.h"
 #include "selexpr/IDataFilter.h"
 #include "selexpr/IRequest.h"
 #include "selexpr/explain.h"
@@ -32,9 +31,6 @@ public:
 
     bool Matches(void* object) const override;
 
-    /// Of the objects of a block that are selected, those that match.
-    Selection Select(Selection const& from, void* const* objects) const;
-
     Explanation Explain(void* object) const;
     qzString Write() const;
 
@@ -47,10 +43,6 @@ private:
 
     bool P_Evaluate(Node const& node, Subject& subject) const;
     bool P_Test(CompiledCondition const& condition, Subject& subject) const;
-    Selection P_Select(Node const& node, Selection const& from, void* const* objects,
-                       qzString& scratch) const;
-    Selection P_SelectBy(CompiledCondition const& condition, Selection const& from, void* const* objects,
-                         qzString& scratch) const;
     void P_Explain(Node const& node, Subject& subject, Explanation& explanation) const;
     Reason P_GetReason(CompiledCondition const& condition, Subject& subject) const;
     qzString P_Write(Node const& node) const;
