@@ -14,6 +14,8 @@ qzReturnStatus CheckQuery(ISession const& session, EntityFullType const& type, q
 }
 
 qzString ExplainQuery(ISession const& session, Metaobject const& object, qzString const& query) {
+    if (query.empty())
+        return qzString();
     TypeQuery const typeQuery(session, object.GetEntityFullType(), query);
     if (typeQuery.GetRequest() == nullptr)
         return typeQuery.GetProblem();

@@ -15,12 +15,13 @@ template <class Test>
 void KeepIf(EntityList& list, Test&& test) {
     qzStlVector<unsigned int>& ids = list.GetList();
     qzStlVector<char>& topology = list.GetTopologyIndexList();
+    topology.resize(topology.empty() ? 0 : ids.size());
     std::size_t kept = 0;
     for (std::size_t i = 0; i < ids.size(); ++i) {
         if (!test(i))
             continue;
         ids[kept] = ids[i];
-        if (i < topology.size())
+        if (!topology.empty())
             topology[kept] = topology[i];
         ++kept;
     }
@@ -30,8 +31,9 @@ void KeepIf(EntityList& list, Test&& test) {
 
 } // namespace
 
-unsigned long long ISession::Collect(EntityList& out, EntityFullType const& type,
+unsigned long long ISession::Collect(EntityList& out, EntityFullType const& givenType,
                                      std::string const& query) const {
+    EntityFullType const type = givenType; // it may be that of the list
     if (m_registry == nullptr || !m_hasEntities)
         return 0;
     P_CollectAll(out, type, query);

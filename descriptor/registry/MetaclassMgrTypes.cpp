@@ -36,10 +36,8 @@ bool MetaclassMgr::GetRegisteredEntityFullTypes(qzStlVector<EntityFullType>& typ
 }
 
 bool MetaclassMgr::GetMetaclass(EntityFullType type, qzString& name) const {
-    if (type.GetTypeNamed().empty())
-        return false;
     name = type.GetTypeNamed();
-    return true;
+    return !name.empty();
 }
 
 unsigned int MetaclassMgr::GetMetaclassHandle(EntityFullType type) const {

@@ -23,7 +23,8 @@ bool Metaobject::P_GetActionData([[maybe_unused]] Identifier const& action,
     return false;
 }
 
-bool Metaobject::SetAllowables(Identifier const& attribute, Allowables const& allowables) {
+bool Metaobject::SetAllowables(Identifier const& attribute, Allowables const& given) {
+    Allowables const allowables = given; // those of the object itself end when they are replaced
     if (!P_SetAllowables(attribute, allowables))
         return false;
     ValuePtr const* holder = nullptr;
@@ -49,7 +50,7 @@ qzReturnStatus Metaobject::InvokeAction(Identifier const& action) const {
         return {-1, "Interpretor not found"};
     ScriptSessionScope const scope(GetSession());
     qzString output;
-    if (!interpreter->Execute(MakeActionScript(definition, GetEntity()), output))
+    if (!interpreter->Execute(MakeActionScript(definition, GetEntityFullType(), GetEntity().GetId()), output))
         return {-1, "Callback execution failed"};
     return {0, "Callback execution succeeded"};
 }

@@ -1,7 +1,7 @@
 #include "registry/action_script.h"
 
 #include "descriptor/ActionDefinition.h"
-#include "descriptor/Entity.h"
+#include "descriptor/EntityFullType.h"
 
 #include <charconv>
 
@@ -50,11 +50,11 @@ qzString ImportLine(ActionDefinition const& definition) {
 
 } // namespace
 
-qzString MakeActionScript(ActionDefinition const& definition, Entity const& object) {
+qzString MakeActionScript(ActionDefinition const& definition, EntityFullType const& type, unsigned int id) {
     return "from qz.mdi.isession import Session; from qzdescriptor import Entity, EntityFullType; " +
            ImportLine(definition) + "controller = Session().get(Entity(EntityFullType('" +
-           InLiteral(object.GetEntityFullType().GetTypeNamed()) + "'), " + InDecimal(object.GetId()) +
-           ")); " + definition.GetCallbackScriptFunction() + "(controller)";
+           InLiteral(type.GetTypeNamed()) + "'), " + InDecimal(id) + ")); " +
+           definition.GetCallbackScriptFunction() + "(controller)";
 }
 
 } // namespace qzDescriptor

@@ -34,7 +34,7 @@ qzString ToElement(qzString const& name) {
     for (char const c : name) {
         if (qzString(special).find(c) != qzString::npos)
             escaped += '\\';
-        escaped += c;
+        escaped += c == '\n' ? 'n' : c; // a backslash before a line end would be a blank
     }
     return escaped;
 }

@@ -33,7 +33,10 @@ void ISession::P_AnnounceEnd() {
     m_isEnding = true;
     if (m_registeredWith != nullptr)
         m_registeredWith->P_SessionEnding(this);
-    m_handler->Emit(EVENT_CATEGORY_SESSION_END, m_name);
+    try {
+        m_handler->Emit(EVENT_CATEGORY_SESSION_END, m_name);
+    } catch (...) { // this is part of a destructor: the session ends, whatever its listeners say
+    }
 }
 
 ISession::~ISession() {
@@ -87,6 +90,8 @@ unsigned long long ISession::GetAllEntities(EntityListBag& out) const {
     for (EntityFullType const& type : types) {
         EntityList entities;
         count += Collect(entities, type, std::string());
+        if (!entities.GetEntityFullType().IsValid())
+            entities.SetEntityFullType(type);
         out.SetList(entities);
     }
     return count;

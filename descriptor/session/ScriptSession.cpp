@@ -2,12 +2,14 @@
 
 #include "descriptor/MetaclassMgr.h"
 
+#include <atomic>
+
 namespace qzDescriptor {
 
 namespace {
 
-MetaclassMgr* s_scriptRegistry = nullptr;
-ScriptSessionScope* s_innermost = nullptr;
+std::atomic<MetaclassMgr*> s_scriptRegistry = nullptr;
+thread_local ScriptSessionScope* s_innermost = nullptr; // scripts of several sessions may run at once
 
 } // namespace
 
@@ -17,7 +19,8 @@ MetaclassMgr* GetScriptRegistry() { return s_scriptRegistry; }
 ISession* GetScriptSession() {
     if (s_innermost != nullptr)
         return s_innermost->m_session;
-    return s_scriptRegistry != nullptr ? s_scriptRegistry->P_FindCurrentSession() : nullptr;
+    MetaclassMgr const* const registry = s_scriptRegistry;
+    return registry != nullptr ? registry->P_FindCurrentSession() : nullptr;
 }
 
 ScriptSessionScope::ScriptSessionScope(ISession* session) : m_session(session), m_outer(s_innermost) {

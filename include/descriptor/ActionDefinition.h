@@ -12,7 +12,7 @@ namespace qzDescriptor {
 /// a script module.
 ///
 ///     ActionDefinition review("Review", ReviewPart, true, nullptr, "Shows the part alone", "");
-///     ActionDefinition mesh("Mesh", "run", "Mesher", "plant.meshing", "python", true, true, "", "");
+///     ActionDefinition mesh("Mesh", "Mesher.run", "Mesher", "plant.meshing", "python", true, true, "", "");
 ///     review.IsScriptAction();        // false
 class QZDESCRIPTOR_API ActionDefinition {
 public:
@@ -39,6 +39,7 @@ public:
     qzString GetDisplayName() const { return m_displayName; }
     void SetDisplayName(qzString const& displayName) { m_displayName = displayName; }
     Function const& GetCallbackFunction() const { return m_callbackFunction; }
+    /// As it is called: a function of a class with the class before it. The class is what is imported then.
     qzString GetCallbackScriptFunction() const { return m_callbackScriptFunction; }
     qzString GetCallbackScriptFunctionClass() const { return m_callbackScriptFunctionClass; }
     qzString GetCallbackScriptFunctionModule() const { return m_callbackScriptFunctionModule; }

@@ -40,8 +40,9 @@ concept ValueNumber = ValueElement<T> &&(s_scalarType<T> != BT_NONE);
 /// against the attribute's definition, whose type never changes by setting; nothing is converted. Whether an
 /// attribute is editable is for user interfaces to mind.
 ///
-/// A content refers to its member set, which has to outlive it. Attributes that the set gains later are there
-/// at once. Not synchronised; threads may use contents of one member set while the set does not change.
+/// A content refers to its member set, which has to outlive it. Attributes that the set gains later
+/// behind those it has are there at once; one that is put between them moves the values of those behind. Not
+/// synchronised; threads may use contents of one member set while the set does not change.
 class QZDESCRIPTOR_API Content {
 public:
     /// What an attribute is to those who show or walk it.

@@ -49,7 +49,8 @@ public:
     virtual unsigned long long Collect(EntityList& out, EntityFullType const& type,
                                        std::string const& query) const;
 
-    /// Tells the listeners and leaves the registry, in this order.
+    /// Tells the listeners and leaves the registry, in this order; what listeners throw goes no further. A
+    /// registry that removes a session, or ends, takes it out of its table before.
     virtual ~ISession();
 
     /// A session over the same registry and under the same name, which has no entities, no listeners and no
@@ -85,7 +86,7 @@ protected:
     /// nothing can be created or found.
     ISession(qzString const& name, MetaclassMgr* registry);
 
-    /// The object of an entity; null when there is none.
+    /// The object of an entity; null when there is none. It is read before the next one is asked for.
     virtual Metaobject const* GetMetaobject(Entity const& entity) const = 0;
     /// Creates an entity whose owner and owner attribute have been found right.
     virtual qzReturnStatus P_CreateEntity(EntityFullType const& type, Entity& created, Entity const& owner,
@@ -96,7 +97,8 @@ protected:
                               std::string const& query) const = 0;
 
     /// Tells the listeners of the end now. For destructors of derived sessions: otherwise they are told when
-    /// nothing of the derived session is left, and reading it answers that there are no entities.
+    /// nothing of the derived session is left: what this class does answers then that there are no entities,
+    /// and what the derived one did must not be called.
     void P_AnnounceEnd();
 
 private:

@@ -20,11 +20,12 @@ class MetaclassMgrPrivate;
 ///     };
 ///
 ///     Registry registry;
-///     unsigned int const part = registry.Insert("Part", Version("1.0.0"), "", CONFIG_USAGE_NONE, "");
-///     unsigned int const plate = registry.Insert("Plate", Version("1.0.0"), "Part", CONFIG_USAGE_NONE, "");
-///     unsigned int const t = registry.InsertAttribute(plate, Identifier("T"), thickness, Identifier(), {});
-///     registry.SetOwnership(plate, part, registry.FindAttributeHandle(part, Identifier("PLATES"), 0,
-///     false)); registry.GetDefinition(plate, t, 0)->GetDisplayName();
+///     unsigned int const part = registry.Insert("Part", version, "", Registry::CONFIG_USAGE_NONE, "");
+///     unsigned int const plate = registry.Insert("Plate", version, "Part", Registry::CONFIG_USAGE_NONE, "");
+///     unsigned int const t = registry.InsertAttribute(plate, Identifier("T"), thickness, none, {});
+///     unsigned int const plates = registry.InsertAttribute(part, Identifier("plates"), list, none, {});
+///     registry.SetOwnership(plate, part, plates);
+///     registry.GetDefinition(plate, t, 0)->GetDisplayName();
 ///
 /// Handles are numbers from 1 on; 0 means none. They never change and nothing is ever removed, so that member
 /// sets, definitions and identifiers that the registry hands out stay valid as long as it lives. Failures are
@@ -143,9 +144,9 @@ public:
     unsigned int InsertAction(unsigned int metaclass, Identifier const& id,
                               std::shared_ptr<ActionDefinition const> definition,
                               qzStlVector<unsigned int> const& configs);
-    /// Adds members of the metaclass's own set to a configuration, and answers how many it did not have
-    /// before. 0 for a metaclass that does not exist; -1, and nothing is added, for a configuration, a list
-    /// or a member that does not exist.
+    /// Adds members of the metaclass's own set to a configuration, and answers how many it took or
+    /// had only by inheritance. 0 for a metaclass that does not exist; -1, and nothing is added, for a
+    /// configuration, a list or a member that does not exist.
     int InsertAttributesIntoConfig(unsigned int metaclass, unsigned int config,
                                    qzStlVector<unsigned int> const& attributes);
     int InsertActionsIntoConfig(unsigned int metaclass, unsigned int config,
@@ -165,7 +166,8 @@ public:
                              unsigned int config) const;
     bool GetActionHandles(unsigned int metaclass, qzStlVector<unsigned int>& actions,
                           unsigned int config) const;
-    /// The attributes through which a rule says that entities of this metaclass own others.
+    /// The attributes through which a rule says that entities of this metaclass own others. A registry that
+    /// keeps its rules elsewhere than SetOwnership does here has none.
     bool GetOwnerAttributeHandles(unsigned int metaclass, qzStlVector<unsigned int>& attributes,
                                   unsigned int config) const;
     Definition const* GetDefinition(unsigned int metaclass, unsigned int attribute,

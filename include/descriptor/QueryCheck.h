@@ -14,7 +14,8 @@ QZDESCRIPTOR_API qzReturnStatus CheckQuery(ISession const& session, EntityFullTy
                                            qzString const& query);
 
 /// Why an object is found by a query, or is not: a line for each condition that decides, such as
-/// "T > 2.5 is false: T is 1.2". What CheckQuery says when the query cannot be read.
+/// "T > 2.5 is false: T is 1.2". What CheckQuery says when the query cannot
+/// be read; nothing for an empty one.
 QZDESCRIPTOR_API qzString ExplainQuery(ISession const& session, Metaobject const& object,
                                        qzString const& query);
 

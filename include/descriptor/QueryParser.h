@@ -10,7 +10,7 @@ namespace qzDescriptor {
 /// Parses queries over the entities of one type. Names are attributes of the type; a bare value is about the
 /// entity's id.
 ///
-///     DataInterface data;
+///     DataInterface data;                                  // and selexpr/IRequest.h
 ///     QueryParser parser(&data, session, EntityFullType("Ply"));
 ///     std::unique_ptr<ui::selexpr::IRequest> request(parser.Parse("T > 0.002"));
 ///     request->Matches(const_cast<Metaobject*>(session->Get(ply)));

@@ -16,7 +16,7 @@ QZDESCRIPTOR_API MetaclassMgr* GetScriptRegistry();
 /// when there is none, or it has ended.
 QZDESCRIPTOR_API ISession* GetScriptSession();
 
-/// While one lives, scripts work on its session. Scopes nest, and end in the reverse order.
+/// While one lives, scripts of its thread work on its session. Scopes nest, and end in the reverse order.
 class QZDESCRIPTOR_API ScriptSessionScope {
 public:
     explicit ScriptSessionScope(ISession* session);

@@ -64,6 +64,19 @@ bool Object::GetAllowables(Identifier const& attribute, Allowables& allowables) 
     return definition != nullptr;
 }
 
+// The content itself gives way to the default. Whether the value became another is for the listeners.
+bool Object::SetAllowables(Identifier const& attribute, Allowables const& allowables) {
+    unsigned int const index = P_FindAttribute(attribute);
+    Value before, after;
+    m_content->GetValue(index, before);
+    if (!P_SetAllowables(attribute, Allowables(allowables)))
+        return false;
+    m_content->GetValue(index, after);
+    if (!(before == after))
+        m_population->GetSession().P_EmitChanged(*this, index);
+    return true;
+}
+
 bool Object::P_SetAllowables(Identifier const& attribute, Allowables const& allowables) {
     return m_content->SetAllowables(P_FindAttribute(attribute), allowables);
 }

@@ -3,6 +3,7 @@
 #include "qzutl/qzStlVector.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 

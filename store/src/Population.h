@@ -30,12 +30,14 @@ public:
     unsigned int GetNextId() const;
     void List(qzStlVector<unsigned int>& ids) const;
 
-    template <class F>
-    void ForEach(F&& visit) const {
+    /// The first one for which the test says true; null when there is none.
+    template <class Test>
+    Object const* FindIf(Test&& test) const {
         for (auto const& object : m_objects) {
-            if (object)
-                visit(*object);
+            if (object && test(*object))
+                return object.get();
         }
+        return nullptr;
     }
 
 private:

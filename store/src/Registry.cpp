@@ -25,7 +25,7 @@ bool Registry::SetDataOperations(unsigned int metaclass, DataOperationList const
 bool Registry::GetDataOperations(unsigned int metaclass, DataOperationList& operations) const {
     qzString name, parentName;
     for (unsigned int current = metaclass; GetNameAndOfParent(current, name, parentName);
-         current = FindHandle(parentName)) {
+         current = parentName.empty() ? 0 : FindHandle(parentName)) {
         if (DataOperationList const* const menu = P_FindMenu(current)) {
             operations = *menu;
             return true;

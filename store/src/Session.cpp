@@ -5,7 +5,11 @@
 #include "descriptor/MetaclassMgr.h"
 #include "descriptor/qzSigSlotHandler.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace qzDescriptor::store {
 
@@ -138,12 +142,13 @@ Population* Session::P_GetPopulation(EntityFullType const& type) const {
     MetaclassMgr* const registry = GetMetaclassMgr();
     unsigned int const metaclass = registry->GetMetaclassHandle(type);
     EntityFullType ownType;
-    if (metaclass == 0 || !registry->GetEntityFullTypeFromMetaclass(metaclass, ownType))
+    Members const* const members = registry->GetMembers(metaclass, 0); // null for what is no metaclass
+    if (members == nullptr || !registry->GetEntityFullTypeFromMetaclass(metaclass, ownType))
         return nullptr;
     if (m_populations.size() <= metaclass)
         m_populations.resize(metaclass + 1);
-    m_populations[metaclass] = std::make_unique<Population>(const_cast<Session&>(*this), metaclass, ownType,
-                                                            registry->GetMembers(metaclass, 0));
+    m_populations[metaclass] =
+        std::make_unique<Population>(const_cast<Session&>(*this), metaclass, ownType, members);
     return m_populations[metaclass].get();
 }
 
@@ -152,16 +157,15 @@ Object* Session::P_Find(Entity const& entity) const {
     return population != nullptr ? population->Find(entity.GetId()) : nullptr;
 }
 
+Object* Session::GetObject(Entity const& entity) const { return P_Find(entity); }
+
 Metaobject const* Session::GetMetaobject(Entity const& entity) const { return P_Find(entity); }
 
 bool Session::Find(EntityFullType const& type, qzString const& name, Entity& entity) const {
     Population const* const population = P_FindPopulation(type);
     Object const* found = nullptr;
     if (population != nullptr)
-        population->ForEach([&](Object const& object) {
-            if (found == nullptr && object.GetName() == name)
-                found = &object;
-        });
+        found = population->FindIf([&](Object const& object) { return object.GetName() == name; });
     if (found != nullptr)
         entity = found->GetEntity();
     return found != nullptr;
@@ -174,20 +178,23 @@ unsigned int Session::GetCount(EntityFullType const& type) const {
 
 void Session::P_CollectAll(EntityList& out, EntityFullType const& type,
                            [[maybe_unused]] std::string const& query) const {
-    out = EntityList();
     Population const* const population = P_FindPopulation(type);
-    out.SetEntityFullType(population != nullptr ? population->GetType() : type);
+    EntityFullType const listed = population != nullptr ? population->GetType() : type;
+    out = EntityList();
+    out.SetEntityFullType(listed);
     if (population != nullptr)
         population->List(out.GetList());
 }
 
 unsigned long long Session::CollectInstances(EntityListBag& out, EntityFullType const& type,
                                              std::string const& query) const {
-    out = EntityListBag();
     MetaclassMgr* const registry = GetMetaclassMgr();
     qzStlVector<unsigned int> metaclasses;
-    if (registry == nullptr ||
-        !registry->FindChildrenHandles(registry->GetMetaclassHandle(type), metaclasses, true, true))
+    bool const exists =
+        registry != nullptr &&
+        registry->FindChildrenHandles(registry->GetMetaclassHandle(type), metaclasses, true, true);
+    out = EntityListBag(); // the type may have been that of one of its lists
+    if (!exists)
         return 0;
     unsigned long long count = 0;
     for (unsigned int const metaclass : metaclasses) {

@@ -18,14 +18,14 @@ using namespace qzDescriptor;
 
 namespace {
 
-qzString Run(qzString const& script) {
+qzString RunTcl(qzString const& script) {
     qzString output;
     EXPECT_TRUE(qzInterp::Get("tcl")->Execute(script, output)) << output;
     return output;
 }
 
 TEST(TclFunctions, AreCalledByTheirName) {
-    Run("proc double {n} {puts [expr {2 * $n}]}");
+    RunTcl("proc double {n} {puts [expr {2 * $n}]}");
     qzStlVector<qzVariant> arguments(1);
     arguments[0].SetInteger(21);
     qzString output;
@@ -42,7 +42,8 @@ TEST(TclFunctions, ListenToSessions) {
     for (char const* const name : {"Ply", "Special ply", "{odd} name"})
         registry.Insert(name, Version(), "", MetaclassMgr::CONFIG_USAGE_NONE, "");
     ISession* const session = registry.GetSession("s");
-    Run("set seen {}; proc note {event} {lappend ::seen [lindex $event 0] [lindex $event 1] [lindex $event "
+    RunTcl(
+        "set seen {}; proc note {event} {lappend ::seen [lindex $event 0] [lindex $event 1] [lindex $event "
         "3]}");
     session->GetSigSlotHandler()->GetEntityEventSignal()->ConnectScript(qzScriptCallback("tcl", "note"));
     Entity created;
@@ -50,7 +51,7 @@ TEST(TclFunctions, ListenToSessions) {
         EXPECT_EQ(session->Create(EntityFullType(qzString(name)), created, Entity(), Identifier()).status, 0);
     session->Delete(created);
     EXPECT_EQ(
-        Run("puts [llength $seen]; puts [lindex $seen 4]; puts [lindex $seen 7]; puts [lindex $seen 9]"),
+        RunTcl("puts [llength $seen]; puts [lindex $seen 4]; puts [lindex $seen 7]; puts [lindex $seen 9]"),
         "12\nSpecial ply\n{odd} name\ndeleted\n");
 }
 

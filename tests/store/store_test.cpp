@@ -246,6 +246,30 @@ TEST_F(Store, LetsListenersEndWhatTheyAreToldOf) {
     EXPECT_FALSE(registry.SetCurrentSession("s"));
 }
 
+TEST_F(Store, TellsWhenNewAllowedValuesChangeAValue) {
+    Entity laminate;
+    Identifier const none, t("T");
+    ASSERT_EQ(session.Create(EntityFullType("Laminate"), laminate, Entity(), none).message, "");
+    store::Object* const object = session.GetObject(laminate);
+    ASSERT_EQ(object->SetValue(t, Value(2.0)).message, "");
+    events.clear();
+    Allowables const above3(BoundT<double>(3.0, BoundT<double>::Greater), 7.0);
+    EXPECT_TRUE(object->SetAllowables(t, above3));
+    EXPECT_EQ(GetThickness(session, laminate), 7);
+    EXPECT_EQ(events, (std::vector<EntityEventInfo>{Event(ENTITY_EVENT_CHANGED, "Laminate", {1}, t)}));
+    // Its own allowed values once more, by reference: nothing changes, nothing is told.
+    EXPECT_TRUE(object->SetAllowables(t, object->GetDefinition(t)->GetAllowables()));
+    EXPECT_EQ(events.size(), 1u);
+}
+
+TEST_F(Store, ListsATypeThatIsTheListsOwn) {
+    Entity laminate;
+    ASSERT_EQ(session.Create(EntityFullType("Laminate"), laminate, Entity(), Identifier()).message, "");
+    EntityList list;
+    session.Collect(list, EntityFullType("Laminate"), "");
+    EXPECT_EQ(session.Collect(list, list.GetEntityFullType(), "id = 1"), 1u);
+}
+
 TEST_F(Store, FindsByNameAndAmongDescendants) {
     Entity laminate, found;
     ASSERT_EQ(session.Create(EntityFullType("Laminate"), laminate, Entity(), Identifier()).message, "");

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <filesystem>
+#include <iterator>
 #include <string>
+#include <system_error>
 
 #ifdef _WIN32
 #    include <windows.h>

@@ -18,10 +18,10 @@ bool IsName(qzString const& language) {
 qzInterp* OpenBackend(qzString const& language) {
     if (!IsName(language))
         return nullptr;
-    std::filesystem::path const path =
-        SharedLibrary::GetFolderOf(&OpenBackend) / SharedLibrary::GetFileName("qzinterp_" + language);
+    std::filesystem::path const folder = SharedLibrary::GetFolderOf(&OpenBackend);
+    std::filesystem::path const path = folder / SharedLibrary::GetFileName("qzinterp_" + language);
     std::error_code ignored;
-    if (!std::filesystem::exists(path, ignored))
+    if (folder.empty() || !std::filesystem::exists(path, ignored))
         return nullptr;
     SharedLibrary const library(path);
     auto* const open = library.IsOpen() ? library.Find<qzInterp*(qzString&)>("qzinterp_open") : nullptr;

@@ -24,12 +24,6 @@ Registry& GetRegistry() {
     return registry;
 }
 
-} // namespace
-
-qzInterp::~qzInterp() = default;
-
-namespace {
-
 qzInterp* FindRegistered(qzString const& language) {
     Registry& registry = GetRegistry();
     std::lock_guard const guard(registry.mutex);
@@ -37,17 +31,36 @@ qzInterp* FindRegistered(qzString const& language) {
     return found == registry.interpreters.end() ? nullptr : found->second;
 }
 
+/// Whether nobody has asked for the language's own library yet.
+bool IsToBeOpened(qzString const& language) {
+    Registry& registry = GetRegistry();
+    std::lock_guard const guard(registry.mutex);
+    return !registry.opened.contains(language);
+}
+
+void SetOpened(qzString const& language) {
+    Registry& registry = GetRegistry();
+    std::lock_guard const guard(registry.mutex);
+    registry.opened.insert(language);
+}
+
 } // namespace
 
+qzInterp::~qzInterp() = default;
+
+// Whoever asks while another thread opens the same library waits; what was opened before is found without.
 qzInterp* qzInterp::Get(qzString const& language) {
     if (qzInterp* const registered = FindRegistered(language))
         return registered;
-    Registry& registry = GetRegistry();
-    std::lock_guard const guard(registry.opening);
-    if (!registry.opened.insert(language).second)
-        return FindRegistered(language); // by another thread meanwhile
-    if (qzInterp* const interpreter = OpenBackend(language))
-        Register(language, *interpreter);
+    if (!IsToBeOpened(language))
+        return nullptr;
+    std::lock_guard const guard(GetRegistry().opening);
+    if (IsToBeOpened(language)) {
+        qzInterp* const interpreter = OpenBackend(language);
+        if (interpreter != nullptr)
+            Register(language, *interpreter);
+        SetOpened(language);
+    }
     return FindRegistered(language);
 }
 

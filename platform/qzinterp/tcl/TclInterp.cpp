@@ -47,6 +47,10 @@ struct ToTcl {
     Tcl_Obj* operator()(qzString const& value) const { return MakeText(value); }
 };
 
+/// Whether this is the thread that Tcl was started on. The number of a thread that has ended may be given to
+/// another, so that it tells nothing.
+thread_local bool t_isThreadOfTcl = false;
+
 } // namespace
 
 TclInterp::TclInterp(Interp interp) : m_interp(std::move(interp)), m_channel(m_interp.get()) {
@@ -60,6 +64,7 @@ TclInterp* TclInterp::Open(qzString& failure) {
         failure = Tcl_GetStringResult(interp.get());
         return nullptr;
     }
+    t_isThreadOfTcl = true;
     return new TclInterp(std::move(interp)); // for good: scripts may be called until the process ends
 }
 
@@ -78,7 +83,7 @@ int TclInterp::P_Exit(ClientData self, Tcl_Interp* interp, int count, Tcl_Obj* c
 
 template <class Work>
 bool TclInterp::P_Run(qzString& output, Work&& work) {
-    if (std::this_thread::get_id() != m_thread) {
+    if (!t_isThreadOfTcl) {
         output = "Tcl is used by another thread";
         return false;
     }

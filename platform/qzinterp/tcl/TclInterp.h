@@ -5,7 +5,6 @@
 
 #include <memory>
 #include <tcl.h>
-#include <thread>
 
 /// Tcl in this process, on the thread that asked for it first: calls from others are refused.
 class TclInterp : public qzInterp {
@@ -34,7 +33,6 @@ private:
 
     Interp m_interp;
     OutputChannel m_channel;
-    std::thread::id m_thread = std::this_thread::get_id();
     int m_exitCode = 0;
     bool m_hasExited = false;
 };

@@ -29,6 +29,7 @@ public:
     bool IsActionEnabled(Identifier const& action) const override;
     bool IsActionVisible(Identifier const& action) const override;
     Definition const* GetDefinition(Identifier const& attribute) const override;
+    bool SetAllowables(Identifier const& attribute, Allowables const& allowables) override;
     bool GetAllowables(Identifier const& attribute, Allowables& allowables) const override;
     bool GetValue(Identifier const& attribute, ValuePtr const*& value) const override;
     bool GetValue(unsigned int attributeHandle, ValuePtr const*& value) const override;

@@ -36,6 +36,8 @@ public:
     qzReturnStatus CreateWithId(EntityFullType const& type, unsigned int id, Entity& created,
                                 Entity const& owner, Identifier const& ownerAttribute);
     qzReturnStatus Delete(Entity const& entity) override;
+    /// As Get, for those who give an object allowed values of its own; null when there is none.
+    Object* GetObject(Entity const& entity) const;
     /// Compares names as Object::GetName gives them; the first in the order of creation.
     bool Find(EntityFullType const& type, qzString const& name, Entity& entity) const override;
     void GetOwnedEntities(EntityListBag& owned, Entity const& owner,

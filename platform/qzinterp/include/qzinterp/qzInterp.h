@@ -31,7 +31,8 @@ public:
     static qzInterp* Get(qzString const& language);
     /// False when the language has an interpreter already.
     static bool Register(qzString const& language, qzInterp& interpreter);
-    /// To be called before the interpreter ends. False when the language has none.
+    /// To be called before the interpreter ends. False when the language has none. A library beside this one
+    /// is not asked again.
     static bool Unregister(qzString const& language);
 
     /// Is told what scripts that nobody waits for could not do, such as callbacks of signals. At first
