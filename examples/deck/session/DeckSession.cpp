@@ -221,11 +221,15 @@ Model const& DeckSession::GetModel() const {
     return m_model;
 }
 
-void DeckSession::P_RefreshSets(std::string_view card) {
+bool DeckSession::P_RefreshSets(std::string_view card) {
+    bool isInSets = false;
     for (SetPopulation* const sets : m_sets) {
-        if (IsNamed(sets->GetRow(), card))
-            sets->Refresh();
+        if (!IsNamed(sets->GetRow(), card))
+            continue;
+        sets->Refresh();
+        isInSets = true;
     }
+    return isInSets;
 }
 
 // --- changing ----------------------------------------------------------------------------------------
@@ -238,9 +242,11 @@ void DeckSession::TellChange(CardObject& card, Identifier const& attribute) {
         parts->Refresh(card);
     }
     Field const* const first = card.GetCards().GetField(0);
-    if (first != nullptr && first->identifier == attribute)
-        P_RefreshSets(card.GetCard().Name());
+    bool const mayMove = first != nullptr && first->identifier == attribute;
+    bool const hasMoved = mayMove && P_RefreshSets(card.GetCard().Name());
     P_Emit(ENTITY_EVENT_CHANGED, card.GetEntityFullType(), {card.GetId()}, attribute);
+    if (hasMoved)
+        P_Emit(ENTITY_EVENT_OWNER_CHANGED, card.GetEntityFullType(), {card.GetId()}, Identifier());
 }
 
 void DeckSession::P_Emit(ENTITY_EVENT_TYPE what, EntityFullType const& type,
