@@ -64,7 +64,7 @@ void DeckSession::P_Load() {
         m_sets.back()->Refresh();
     }
     for (PartRow const& row : Parts()) {
-        PartPopulation* const parts = P_PartsOf(row.card);
+        auto* const parts = static_cast<PartPopulation*>(P_Get(EntityFullType(qzString(row.part))));
         if (CardPopulation const* const cards = FindCards(row.card))
             cards->ForEach([&](CardObject& card) { parts->Refresh(card); });
     }
@@ -124,8 +124,7 @@ PartPopulation* DeckSession::P_PartsOf(std::string_view card) const {
     auto const row = std::ranges::find(Parts(), card, &PartRow::card);
     if (row == Parts().end())
         return nullptr;
-    return static_cast<PartPopulation*>(
-        const_cast<DeckSession*>(this)->P_Get(EntityFullType(qzString(row->part))));
+    return static_cast<PartPopulation*>(P_Find(EntityFullType(qzString(row->part))));
 }
 
 unsigned int DeckSession::GetCount(unsigned int metaclass) const {
