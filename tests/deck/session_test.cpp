@@ -332,6 +332,21 @@ TEST(Session, ObjectsAreCreatedUnderTheirOwnersAndGoWithThem) {
                              "deleted PCOMP 4\ndeleted ply 2\n");
 }
 
+TEST(Session, SectionsGoButForTheFirst) {
+    Opened const deck(OwnDeck("sampler.bdf"));
+    auto const end = [&](char const* type, unsigned int id) {
+        return deck.session->Delete(Entity(EntityFullType(qzString(type)), id)).message;
+    };
+    EXPECT_EQ(end("section", 1), "section 1 goes only with its owner.");
+    EXPECT_EQ(end("section", 2), "section 2 goes only with its owner.");
+    qzString const last = TextOf(*deck.Find("section", 4), Identifier("X"));
+    EXPECT_EQ(end("section", 3), "");
+    EXPECT_EQ(deck.Find("section", 3), nullptr);
+    EXPECT_EQ(TextOf(*deck.Find("section", 4), Identifier("X")), last);
+    EXPECT_EQ(end("PBEAML", 10), "");
+    EXPECT_EQ(deck.session->GetCount(deck.registry.FindHandle("section")), 1U);
+}
+
 TEST(Session, RenumberingKeepsReferences) {
     for (std::string const& path : AllDecks()) {
         Opened const deck(path);

@@ -186,6 +186,8 @@ qzReturnStatus DeckSession::Delete(Entity const& entity) {
     DeckObject* const root = FindObject(entity);
     if (root == nullptr)
         return {-1, "The entity does not exist."};
+    if (!root->IsDeletable())
+        return {-1, root->GetName() + " goes only with its owner."};
     std::vector<DeckObject*> doomed = {root};
     for (std::size_t n = 0; n < doomed.size(); ++n)
         doomed[n]->VisitOwned([&](DeckObject& owned, Identifier const&) { doomed.push_back(&owned); });
