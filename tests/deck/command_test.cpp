@@ -167,7 +167,8 @@ TEST(Command, ObjectsAreFoundShownAndChanged) {
     std::string const sampler = '"' + OwnDeck("sampler.bdf") + "\" ";
     std::string const output = " -o \"" + (folder.Path() / "out.bdf").string() + '"';
     Case const cases[] = {
-        {"summary " + bridge, 0, "\n    shell element                    12\n      CQUAD4                         12\n"},
+        {"summary " + bridge, 0,
+         "\n    shell element                    12\n      CQUAD4                         12\n"},
         {"show " + bridge + "pshell 1", 0, "\n  NSM        0 (default)                    Mass per area"},
         {"show " + bridge + "CBAR 3001", 0, "\n  X1         1 (default of the deck)"},
         {"show " + sampler + "CROD 17", 0, "\n  PID        17 (own number)  PROD 17"},

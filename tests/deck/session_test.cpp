@@ -16,6 +16,7 @@
 #include "writer/DeckWriter.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 #include <optional>
 #include <random>
 
@@ -222,7 +223,7 @@ TEST(Session, ChangesAreTestedWrittenAndReadAgain) {
         {"PSHELL", 1, Identifier("MID2"), "1.", "a real number where an integer belongs"},
         {"PSHELL", 1, Identifier("MID2"), "77", "there is no material 77"},
         {"PSHELL", 1, Identifier("PID"), "9",
-         "A number that others refer to is changed by the action Renumber."},
+         "A card keeps its number; properties and materials have the action Renumber."},
         {"PSHELL", 1, Identifier("THICK"), "9", "There is no such attribute."},
         {"PCOMP", 2, Identifier("T", 0, 2), ".5", ""},
         {"PCOMP", 2, Identifier("T"), ".5", "The card repeats this field: say in which row."},
@@ -235,6 +236,8 @@ TEST(Session, ChangesAreTestedWrittenAndReadAgain) {
         {"CQUAD4", 2, Identifier("G1"), "", "a required field is blank"},
         {"CQUAD4", 2, Identifier("G1"), "99", "there is no grid point 99"},
         {"FORCE", 1, Identifier("F"), "1.5-3", ""},
+        {"FORCE", 1, Identifier("F"), "1.+999", "the real number is out of range"},
+        {"MOMENT", 1, Identifier("SID"), "32", ""},
     };
     for (auto const& [type, id, attribute, text, message] : cases) {
         DeckObject const& object = *deck.Find(type, id);
@@ -261,6 +264,7 @@ TEST(Session, ListsAreChangedAsAWhole) {
     };
     EXPECT_EQ(set({1., 2.}), -1);
     EXPECT_EQ(set({1., 2., -3.}), -1);
+    EXPECT_EQ(set({1., 2., std::numeric_limits<double>::infinity()}), -1);
     EXPECT_EQ(TextOf(laminate, Identifier("T", 0, 0)), "0.001");
     EXPECT_EQ(set({1., 2., 3., 4.}), 0);
     EXPECT_EQ(TextOf(*deck.Find("ply", 4), Identifier("T")), "4");
@@ -326,6 +330,21 @@ TEST(Session, ObjectsAreCreatedUnderTheirOwnersAndGoWithThem) {
     EXPECT_EQ(listener.text, "created load set 3\ncreated FORCE 2\ncreated ply 2\ncreated GRID 2\n"
                              "changed PCOMP 4 T\ndeleted ply 1\ndeleted load set 2\ndeleted FORCE 1\n"
                              "deleted PCOMP 4\ndeleted ply 2\n");
+}
+
+TEST(Session, SectionsGoButForTheFirst) {
+    Opened const deck(OwnDeck("sampler.bdf"));
+    auto const end = [&](char const* type, unsigned int id) {
+        return deck.session->Delete(Entity(EntityFullType(qzString(type)), id)).message;
+    };
+    EXPECT_EQ(end("section", 1), "section 1 goes only with its owner.");
+    EXPECT_EQ(end("section", 2), "section 2 goes only with its owner.");
+    qzString const last = TextOf(*deck.Find("section", 4), Identifier("X"));
+    EXPECT_EQ(end("section", 3), "");
+    EXPECT_EQ(deck.Find("section", 3), nullptr);
+    EXPECT_EQ(TextOf(*deck.Find("section", 4), Identifier("X")), last);
+    EXPECT_EQ(end("PBEAML", 10), "");
+    EXPECT_EQ(deck.session->GetCount(deck.registry.FindHandle("section")), 1U);
 }
 
 TEST(Session, RenumberingKeepsReferences) {

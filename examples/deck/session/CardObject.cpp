@@ -130,9 +130,13 @@ qzReturnStatus CardObject::P_SetList(Identifier const& attribute, Value const& l
         if (auto status = P_Check(field, element(row)); status.status != 0)
             return status;
     }
+    Card changed = GetCard();
+    for (unsigned int row = 0; row < rows; ++row) {
+        if (!changed.Set(Identifier(attribute.GetNameKey(), 0, row), element(row)))
+            return Refusal("The card cannot hold it.");
+    }
     auto& self = const_cast<CardObject&>(*this);
-    for (unsigned int row = 0; row < rows; ++row)
-        self.GetCard().Set(Identifier(attribute.GetNameKey(), 0, row), element(row));
+    self.GetCard() = std::move(changed);
     GetPopulation().GetSession().TellChange(self, Identifier(attribute.GetNameKey()));
     return {};
 }
@@ -147,7 +151,7 @@ qzReturnStatus CardObject::SetValue(Identifier const& attribute, Value const& va
         return Refusal(definition == nullptr ? "There is no such attribute."
                                              : "What an object owns is created and deleted.");
     if (field != nullptr && !definition->GetEditable())
-        return Refusal("A number that others refer to is changed by the action Renumber.");
+        return Refusal("A card keeps its number; properties and materials have the action Renumber.");
     bool const isRepeated = field != nullptr && definition->GetArrayDimension() > 0;
     if (isRepeated && definition->GetArrayDimension() == 1 && value.GetArrayDimension() == 1)
         return P_SetList(attribute, value);
@@ -159,7 +163,7 @@ qzReturnStatus CardObject::SetValue(Identifier const& attribute, Value const& va
     auto& self = const_cast<CardObject&>(*this);
     int integer = -1;
     if (!self.GetCard().Set(attribute, isReal && value.GetValue(integer) ? Value(0.0) : value))
-        return Refusal("The card has no such field.");
+        return Refusal("The card cannot hold it.");
     GetPopulation().GetSession().TellChange(self, attribute);
     return {};
 }

@@ -10,6 +10,8 @@
 #include "session/DeckSession.h"
 #include "session/Population.h"
 
+#include <cmath>
+
 namespace qzDeck {
 
 using namespace qzDescriptor;
@@ -56,8 +58,8 @@ qzReturnStatus DeckObject::SetValueFromString(Identifier const& attribute, qzStr
                                               [[maybe_unused]] qzString const& format) const {
     Definition const* const definition = GetDefinition(attribute);
     FieldKind const kind = Classify(text);
-    bool const isNumber = kind == FieldKind::Integer || IsReal(kind);
-    if (definition != nullptr && definition->GetValueBasicType() == BT_DOUBLE && isNumber)
+    bool const isReal = definition != nullptr && definition->GetValueBasicType() == BT_DOUBLE;
+    if (isReal && kind == FieldKind::Integer && std::isfinite(ReadReal(text)))
         return SetValue(attribute, Value(ReadReal(text)));
     return SetValue(attribute, MakeValue(kind, text));
 }

@@ -52,6 +52,8 @@ public:
     /// Null when nothing owns it.
     virtual DeckObject* FindOwner(Identifier& attribute) const = 0;
     virtual void VisitOwned(OwnedVisitor const& visit) const = 0;
+    /// Whether its owner can be without it.
+    virtual bool IsDeletable() const { return true; }
     /// Takes what it stands for out of the model, its owner having been taken out before. It is invalid then.
     virtual void End() = 0;
 

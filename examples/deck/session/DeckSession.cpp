@@ -64,7 +64,7 @@ void DeckSession::P_Load() {
         m_sets.back()->Refresh();
     }
     for (PartRow const& row : Parts()) {
-        PartPopulation* const parts = P_PartsOf(row.card);
+        auto* const parts = static_cast<PartPopulation*>(P_Get(EntityFullType(qzString(row.part))));
         if (CardPopulation const* const cards = FindCards(row.card))
             cards->ForEach([&](CardObject& card) { parts->Refresh(card); });
     }
@@ -124,8 +124,7 @@ PartPopulation* DeckSession::P_PartsOf(std::string_view card) const {
     auto const row = std::ranges::find(Parts(), card, &PartRow::card);
     if (row == Parts().end())
         return nullptr;
-    return static_cast<PartPopulation*>(
-        const_cast<DeckSession*>(this)->P_Get(EntityFullType(qzString(row->part))));
+    return static_cast<PartPopulation*>(P_Find(EntityFullType(qzString(row->part))));
 }
 
 unsigned int DeckSession::GetCount(unsigned int metaclass) const {
@@ -187,6 +186,8 @@ qzReturnStatus DeckSession::Delete(Entity const& entity) {
     DeckObject* const root = FindObject(entity);
     if (root == nullptr)
         return {-1, "The entity does not exist."};
+    if (!root->IsDeletable())
+        return {-1, root->GetName() + " goes only with its owner."};
     std::vector<DeckObject*> doomed = {root};
     for (std::size_t n = 0; n < doomed.size(); ++n)
         doomed[n]->VisitOwned([&](DeckObject& owned, Identifier const&) { doomed.push_back(&owned); });
@@ -221,11 +222,15 @@ Model const& DeckSession::GetModel() const {
     return m_model;
 }
 
-void DeckSession::P_RefreshSets(std::string_view card) {
+bool DeckSession::P_RefreshSets(std::string_view card) {
+    bool isInSets = false;
     for (SetPopulation* const sets : m_sets) {
-        if (IsNamed(sets->GetRow(), card))
-            sets->Refresh();
+        if (!IsNamed(sets->GetRow(), card))
+            continue;
+        sets->Refresh();
+        isInSets = true;
     }
+    return isInSets;
 }
 
 // --- changing ----------------------------------------------------------------------------------------
@@ -238,9 +243,11 @@ void DeckSession::TellChange(CardObject& card, Identifier const& attribute) {
         parts->Refresh(card);
     }
     Field const* const first = card.GetCards().GetField(0);
-    if (first != nullptr && first->identifier == attribute)
-        P_RefreshSets(card.GetCard().Name());
+    bool const mayMove = first != nullptr && first->identifier == attribute;
+    bool const hasMoved = mayMove && P_RefreshSets(card.GetCard().Name());
     P_Emit(ENTITY_EVENT_CHANGED, card.GetEntityFullType(), {card.GetId()}, attribute);
+    if (hasMoved)
+        P_Emit(ENTITY_EVENT_OWNER_CHANGED, card.GetEntityFullType(), {card.GetId()}, Identifier());
 }
 
 void DeckSession::P_Emit(ENTITY_EVENT_TYPE what, EntityFullType const& type,

@@ -111,7 +111,8 @@ private:
     unsigned int P_ChangeReferences(CardPopulation& cards, std::string_view referred, int old,
                                     qzDescriptor::Value const& number);
     PartPopulation* P_PartsOf(std::string_view card) const;
-    void P_RefreshSets(std::string_view card);
+    /// Whether cards of that name are in sets at all.
+    bool P_RefreshSets(std::string_view card);
     qzReturnStatus P_Create(EntityFullType const& type, Entity& created, Entity const& owner);
     qzDescriptor::ValuePtr const* P_KeepList(DeckObject const& object, unsigned int attribute,
                                              qzDescriptor::Value (*make)(DeckObject const&,

@@ -71,6 +71,11 @@ DeckObject* PartObject::FindOwner(Identifier& attribute) const {
 
 void PartObject::VisitOwned([[maybe_unused]] OwnedVisitor const& visit) const {}
 
+bool PartObject::IsDeletable() const {
+    bool const isFirst = m_row == s_all || m_row == 0;
+    return !isFirst || m_owner->GetCard().Kind().definition->GetTail() != &SectionStations();
+}
+
 void PartObject::End() {
     CardObject* const owner = m_owner;
     if (owner->IsValid() && m_row != s_all)

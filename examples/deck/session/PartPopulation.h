@@ -25,6 +25,8 @@ public:
     bool IsValid() const override { return m_owner != nullptr; }
     DeckObject* FindOwner(Identifier& attribute) const override;
     void VisitOwned(OwnedVisitor const& visit) const override;
+    /// False for the first section: the others begin behind it.
+    bool IsDeletable() const override;
     void End() override;
 
     CardObject* GetOwnerCard() const { return m_owner; }
