@@ -120,3 +120,20 @@ def test_everything_is_freed_once(tables):
     del session, row
     gc.collect()
     assert [watch() is None for watch in watched] == [True, True, False]
+
+
+def test_hooks_may_end_their_session(tables):
+    class Fleeting(Rows):
+        def end(self, *_):
+            tables.remove_session(self)
+
+        delete_entity = get_object = create_entity = list_entities = end
+
+    for use in [lambda session: session.get(qz.Entity("Row", 1)), lambda session: session.create("Row"),
+                lambda session: session.delete(qz.Entity("Row", 1)), lambda session: session.entities("Row")]:
+        session = Fleeting("fleeting", tables)
+        try:
+            use(session)
+        except (qz.Refused, qz.Ended):
+            pass
+        assert not session.is_alive

@@ -1,6 +1,8 @@
 """Metaclasses, sessions, objects: what they do, what they refuse, and what is left of them when they end."""
 
 import gc
+import subprocess
+import sys
 
 import numpy as np
 import pytest
@@ -236,3 +238,12 @@ def test_the_script_session(registry, session):
         qz.set_script_registry(None)
     with pytest.raises(RuntimeError, match="set_script_registry"):
         Session("wing")
+
+
+def test_python_ends_with_everything_alive():
+    script = ("import sys; sys.path.insert(0, sys.argv[1]); import test_derived as t, qzdescriptor as qz\n"
+              "registry = t.Tables(); registry.insert('Row'); session = registry.session('a'); row = session.create('Row')\n"
+              "session.on_end(print); session.on_event(print); plain = registry.session('plain'); plain.on_end(print)\n"
+              "qz.set_script_registry(registry)\n")
+    done = subprocess.run([sys.executable, "-c", script, __file__.rpartition("/")[0]], capture_output=True, text=True)
+    assert (done.returncode, done.stderr) == (0, "")

@@ -64,8 +64,8 @@ inline void Check(bool succeeded, char const* message) {
 py::object GiveText(qzString const& text);
 bool TakeText(py::handle object, qzString& text);
 
-/// What a failing callback has to say goes where the failures of scripts go. Call it while Python is held.
-void ReportFailure(std::string const& message);
+/// What a failing callback has to say goes where the failures of scripts go.
+void ReportFailure(char const* message) noexcept;
 /// Runs what calls into Python on behalf of C++: exceptions are reported, and false is answered.
 template <class Work>
 bool RunOrReport(Work&& work) noexcept;

@@ -1,5 +1,5 @@
+#include "conversions.h"
 #include "handles.h"
-#include "values.h"
 
 #include "descriptor/TabularDefinition.h"
 
@@ -94,11 +94,7 @@ void BindDefinition(py::module_& module) {
         .def_property_readonly("is_specified", &Definition::IsSpecified)
         .def_property("display_name", &Definition::GetDisplayName, &Definition::SetDisplayName)
         .def_property(
-            "type",
-            [](Definition const& self) {
-                return TypeSpec{self.GetValueBasicType(), self.GetValueCompoundType(),
-                                self.GetArrayDimension()};
-            },
+            "type", [](Definition const& self) { return TypeSpec::Of(self); },
             [](Definition& self, py::object const& type) {
                 TypeSpec const spec = ToTypeSpec(type);
                 self.SetValueBasicType(spec.basic);

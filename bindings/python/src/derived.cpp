@@ -1,18 +1,10 @@
 #include "derived.h"
 
-#include "values.h"
+#include "conversions.h"
 
 namespace qzPython {
 
 namespace {
-
-/// Calls a method of a Python object. None when it fails; the failure is reported.
-template <class... Argument>
-py::object CallOrReport(py::object const& self, char const* method, Argument const&... arguments) {
-    py::object result = py::none();
-    RunOrReport([&] { result = self.attr(method)(arguments...); });
-    return result;
-}
 
 /// Calls a method that refuses by raising Refused, which is an answer; other exceptions are reported.
 template <class Work>
@@ -38,14 +30,16 @@ qzReturnStatus RunOrRefuse(char const* failure, Work&& work) {
 // --- sessions --------------------------------------------------------------------------------------------
 
 DerivedSession::DerivedSession(qzString const& name, MetaclassMgr& registry, py::object self)
-    : ISession(name, &registry), m_self(std::move(self)) {}
+    : ISession(name, &registry), m_self(std::move(self)), m_token(SessionToken::Of(*this)) {}
 
 DerivedSession::~DerivedSession() { P_AnnounceEnd(); }
 
 qzReturnStatus DerivedSession::Delete(Entity const& entity) {
     return RunOrRefuse("The entity could not be deleted", [&] {
+        std::shared_ptr<SessionToken> const token = m_token;
         GetSelf().attr("delete_entity")(entity);
-        m_handedOut.erase(entity);
+        if (token->Find() != nullptr) // it may have ended the session
+            m_handedOut.erase(entity);
     });
 }
 
@@ -92,7 +86,10 @@ bool DerivedSession::GetOwner(Entity const& entity, Entity& owner, Identifier& o
 Metaobject const* DerivedSession::GetMetaobject(Entity const& entity) const {
     Metaobject const* object = nullptr;
     RunOrReport([&] {
+        std::shared_ptr<SessionToken> const token = m_token;
         py::object const given = GetSelf().attr("get_object")(entity);
+        if (token->Find() == nullptr)
+            return; // the session ended meanwhile
         if (given.is_none()) {
             m_handedOut.erase(entity);
             return;
@@ -206,20 +203,21 @@ bool DerivedObject::P_Read(unsigned int index, ValuePtr const*& value) const {
     Definition const* const definition = IsValid() ? m_members->GetVariableDefinition(index) : nullptr;
     if (definition == nullptr)
         return false;
-    bool const done = RunOrReport([&] {
-        py::object const data = GetSelf().attr("read_value")(m_members->GetVariableIdentifier(index));
+    bool found = false;
+    RunOrReport([&] {
+        py::object const self = GetSelf(); // which may let go of this object
+        py::object const data = self.attr("read_value")(m_members->GetVariableIdentifier(index));
         Value read; // empty: the default
         if (!data.is_none())
-            read = TakeData({definition->GetValueBasicType(), definition->GetValueCompoundType(),
-                             definition->GetArrayDimension()},
-                            data);
+            read = TakeData(TypeSpec::Of(*definition), data);
         Value held;
         bool const isSame =
             data.is_none() ? !m_content->IsSet(index) : m_content->GetValue(index, held) && held == read;
         if (!isSame)
             m_content->SetValueUnchecked(index, std::move(read));
+        found = m_content->GetValue(index, value);
     });
-    return done && m_content->GetValue(index, value);
+    return found;
 }
 
 bool DerivedObject::GetValue(Identifier const& attribute, ValuePtr const*& value) const {
@@ -237,7 +235,8 @@ qzReturnStatus DerivedObject::SetValue(Identifier const& attribute, Value const&
     if (tested.status != 0)
         return tested;
     return RunOrRefuse("The value could not be written", [&] {
-        GetSelf().attr("write_value")(m_members->GetVariableIdentifier(index), GiveData(value.GetValuePtr()));
+        py::object const self = GetSelf();
+        self.attr("write_value")(m_members->GetVariableIdentifier(index), GiveData(value.GetValuePtr()));
     });
 }
 
@@ -280,8 +279,10 @@ bool DerivedObject::GetOwner(Entity& owner, Identifier& ownerAttribute) const {
 
 qzString DerivedObject::GetName() const {
     qzString name;
-    py::object const given = CallOrReport(GetSelf(), "read_name");
-    RunOrReport([&] { TakeText(given, name); });
+    RunOrReport([&] {
+        py::object const self = GetSelf();
+        TakeText(self.attr("read_name")(), name);
+    });
     return name;
 }
 

@@ -46,6 +46,7 @@ private:
     };
 
     Kept m_self;
+    std::shared_ptr<SessionToken> m_token; // for hooks that end the session
     // What was handed out lives on until the entity is deleted or has another object.
     mutable std::unordered_map<Entity, Kept, Hash> m_handedOut;
 };

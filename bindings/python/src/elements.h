@@ -1,7 +1,7 @@
 #pragma once
 
+#include "conversions.h"
 #include "handles.h"
-#include "values.h"
 
 #include <pybind11/numpy.h>
 

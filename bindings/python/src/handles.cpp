@@ -196,7 +196,12 @@ bool TakeText(py::handle object, qzString& text) {
 
 bool IsPythonAlive() { return Py_IsInitialized() != 0 && _Py_IsFinalizing() == 0; }
 
-void ReportFailure(std::string const& message) { qzInterp::ReportFailure("python", message); }
+void ReportFailure(char const* message) noexcept {
+    try {
+        qzInterp::ReportFailure("python", message);
+    } catch (...) { // whoever is told has failed, too: nobody is left to be told
+    }
+}
 
 Kept::Kept(py::object object)
     : m_object(new py::object(std::move(object)), [](py::object* held) {

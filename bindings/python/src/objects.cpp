@@ -1,5 +1,5 @@
+#include "conversions.h"
 #include "handles.h"
-#include "values.h"
 
 namespace qzPython {
 
@@ -10,16 +10,8 @@ using Class = py::class_<ObjectHandle>;
 Definition const& FindDefinition(Metaobject const& object, Identifier const& attribute) {
     Definition const* const definition = object.GetDefinition(attribute);
     if (definition == nullptr)
-        throw py::key_error("no attribute " +
-                            std::string(py::str(GiveText(attribute.UsesNameKey()
-                                                             ? attribute.GetNameKey()
-                                                             : std::to_string(attribute.GetNumericKey())))));
+        throw py::key_error("no attribute " + std::string(py::str(py::cast(attribute))));
     return *definition;
-}
-
-TypeSpec TypeOf(Definition const& definition) {
-    return {definition.GetValueBasicType(), definition.GetValueCompoundType(),
-            definition.GetArrayDimension()};
 }
 
 void BindValues(Class& object) {
@@ -40,7 +32,7 @@ void BindValues(Class& object) {
             "__setitem__",
             [](ObjectHandle const& self, Identifier const& attribute, py::object const& data) {
                 Metaobject const& held = self.Get();
-                Value const value = TakeData(TypeOf(FindDefinition(held, attribute)), data);
+                Value const value = TakeData(TypeSpec::Of(FindDefinition(held, attribute)), data);
                 Check(held.SetValue(attribute, value));
             },
             py::arg("attribute"), py::arg("data"),

@@ -1,4 +1,4 @@
-#include "values.h"
+#include "conversions.h"
 
 namespace qzPython {
 

@@ -10,6 +10,10 @@ struct TypeSpec {
     CompoundType compound = CT_NONE;
     unsigned int dimension = 0;
 
+    static TypeSpec Of(Definition const& definition) {
+        return {definition.GetValueBasicType(), definition.GetValueCompoundType(),
+                definition.GetArrayDimension()};
+    }
     friend bool operator==(TypeSpec const&, TypeSpec const&) = default;
 };
 
