@@ -1,0 +1,286 @@
+#include "conversions.h"
+#include "handles.h"
+
+#include "descriptor/TabularDefinition.h"
+
+namespace qzPython {
+
+namespace {
+
+UnitsDimensionality ToUnits(py::object const& units) {
+    if (units.is_none())
+        return {};
+    if (py::isinstance<UnitsDimensionality>(units))
+        return units.cast<UnitsDimensionality>();
+    if (py::isinstance<py::str>(units))
+        return {units.cast<std::string>(), ""};
+    return UnitsDimensionality(units.cast<UnitsDimensionality::Pair>());
+}
+
+/// A definition with all of its fields, most of them by name.
+Definition MakeDefinition(std::string const& displayName, py::object const& type,
+                          AllowablesParts const& parts, std::optional<Allowables> const& allowables) {
+    TypeSpec const spec = ToTypeSpec(type);
+    Definition definition(displayName, spec.basic, spec.compound, spec.dimension,
+                          allowables ? *allowables : MakeAllowables(spec, parts), Definition::SOURCE_STORED,
+                          Definition::SPECIFICATION_OPTIONAL, true, true, "", "", {},
+                          Definition::DIFFERENTIATOR_NONE, {});
+    return definition;
+}
+
+void BindEnums(py::class_<Definition>& bound) {
+    py::enum_<Definition::ValueSource>(bound, "Source", "Where the value comes from.")
+        .value("STORED", Definition::SOURCE_STORED)
+        .value("COMPUTED", Definition::SOURCE_COMPUTED)
+        .value("REFERENCED", Definition::SOURCE_REFERENCED)
+        .value("EXTERNAL", Definition::SOURCE_EXTERNAL);
+    py::enum_<Definition::ValueSpecification>(bound, "Specification", "Whether the value has to be given.")
+        .value("OPTIONAL", Definition::SPECIFICATION_OPTIONAL)
+        .value("REQUIRED", Definition::SPECIFICATION_REQUIRED)
+        .value("CONDITIONAL", Definition::SPECIFICATION_CONDITIONAL);
+    py::enum_<Definition::ValueDifferentiator>(bound, "Differentiator",
+                                               "What values of one type have to be told apart for.")
+        .value("NONE", Definition::DIFFERENTIATOR_NONE)
+        .value("FILE", Definition::DIFFERENTIATOR_FILE)
+        .value("FOLDER", Definition::DIFFERENTIATOR_FOLDER)
+        .value("DIRECTION", Definition::DIFFERENTIATOR_DIRECTION)
+        .value("ANGLE", Definition::DIFFERENTIATOR_ANGLE)
+        .value("TIME", Definition::DIFFERENTIATOR_TIME);
+}
+
+void BindDefinition(py::module_& module) {
+    py::class_<Definition> bound(
+        module, "Definition",
+        "What one attribute is: its texts, the type of its value, what the value may be, its "
+        "units, and how user interfaces treat it. Definition('Thickness', float, "
+        "default=1.0, above=0, units='LENGTH').");
+    BindEnums(bound);
+    bound.def(py::init<>(), "An unspecified definition.")
+        .def(py::init([](std::string const& displayName, py::object const& type,
+                         py::object const& defaultValue, py::object const& above, py::object const& atLeast,
+                         py::object const& below, py::object const& atMost, py::object const& values,
+                         py::object const& names, std::optional<Allowables> const& allowables,
+                         py::object const& units, bool editable, bool visible, std::string const& description,
+                         std::string const& helpPath, Definition::ValueSource source,
+                         Definition::ValueSpecification specification,
+                         Definition::ValueDifferentiator differentiator,
+                         std::optional<DefinitionUserParams> const& userParams) {
+                 Definition definition =
+                     MakeDefinition(displayName, type,
+                                    {defaultValue, above, atLeast, below, atMost, values, names}, allowables);
+                 definition.SetUnitsDimensionality(ToUnits(units));
+                 definition.SetEditable(editable);
+                 definition.SetVisible(visible);
+                 definition.SetDescription(description);
+                 definition.SetHelpPath(helpPath);
+                 definition.SetValueSource(source);
+                 definition.SetValueSpecification(specification);
+                 definition.SetValueDifferentiator(differentiator);
+                 if (userParams)
+                     definition.SetUserParams(*userParams);
+                 return definition;
+             }),
+             py::arg("display_name"), py::arg("type"), py::kw_only(), py::arg("default") = py::none(),
+             py::arg("above") = py::none(), py::arg("at_least") = py::none(), py::arg("below") = py::none(),
+             py::arg("at_most") = py::none(), py::arg("values") = py::none(), py::arg("names") = py::none(),
+             py::arg("allowables") = py::none(), py::arg("units") = py::none(), py::arg("editable") = true,
+             py::arg("visible") = true, py::arg("description") = "", py::arg("help_path") = "",
+             py::arg("source") = Definition::SOURCE_STORED,
+             py::arg("specification") = Definition::SPECIFICATION_OPTIONAL,
+             py::arg("differentiator") = Definition::DIFFERENTIATOR_NONE, py::arg("user_params") = py::none(),
+             "The type is a Python type, list[...] of one, or a ValueType. What it may be is said by bounds, "
+             "by a "
+             "list of values with names, or by allowables.")
+        .def_property_readonly("is_specified", &Definition::IsSpecified)
+        .def_property("display_name", &Definition::GetDisplayName, &Definition::SetDisplayName)
+        .def_property(
+            "type", [](Definition const& self) { return TypeSpec::Of(self); },
+            [](Definition& self, py::object const& type) {
+                TypeSpec const spec = ToTypeSpec(type);
+                self.SetValueBasicType(spec.basic);
+                self.SetValueCompoundType(spec.compound);
+                self.SetArrayDimension(spec.dimension);
+            })
+        .def_property("allowables", &Definition::GetAllowables, &Definition::SetAllowables)
+        .def_property_readonly("default",
+                               [](Definition const& self) { return GiveDefault(self.GetAllowables()); })
+        .def_property(
+            "units", &Definition::GetUnitsDimensionality,
+            [](Definition& self, py::object const& units) { self.SetUnitsDimensionality(ToUnits(units)); })
+        .def_property("editable", &Definition::GetEditable, &Definition::SetEditable)
+        .def_property("visible", &Definition::GetVisible, &Definition::SetVisible)
+        .def_property("description", &Definition::GetDescription, &Definition::SetDescription)
+        .def_property("help_path", &Definition::GetHelpPath, &Definition::SetHelpPath)
+        .def_property("source", &Definition::GetValueSource, &Definition::SetValueSource)
+        .def_property("specification", &Definition::GetValueSpecification, &Definition::SetValueSpecification)
+        .def_property("differentiator", &Definition::GetValueDifferentiator,
+                      &Definition::SetValueDifferentiator)
+        .def_property("user_params", &Definition::GetUserParams, &Definition::SetUserParams)
+        .def(
+            "__eq__", [](Definition const& a, Definition const& b) { return a == b; }, py::is_operator())
+        .def("__repr__", [](Definition const& self) {
+            return py::str("<Definition {!r}: {}>")
+                .format(self.GetDisplayName(), TypeSpec{self.GetValueBasicType(), self.GetValueCompoundType(),
+                                                        self.GetArrayDimension()});
+        });
+}
+
+void BindParts(py::module_& module) {
+    py::class_<UnitsDimensionality>(module, "UnitsDimensionality",
+                                    "What a value measures, in one or two pairs.")
+        .def(py::init<qzString const&, qzString const&>(), py::arg("dimensionality") = "",
+             py::arg("display_name") = "")
+        .def(py::init<UnitsDimensionality::Pair, UnitsDimensionality::Pair>(), py::arg("first"),
+             py::arg("second"))
+        .def("dimensionality", &UnitsDimensionality::GetDimensionality, py::arg("pair") = 0)
+        .def("display_name", &UnitsDimensionality::GetDimensionalityDisplayName, py::arg("pair") = 0)
+        .def(
+            "__eq__", [](UnitsDimensionality const& a, UnitsDimensionality const& b) { return a == b; },
+            py::is_operator())
+        .def("__repr__", [](UnitsDimensionality const& self) {
+            return py::str("UnitsDimensionality({!r}, {!r})")
+                .format(self.GetDimensionality(0), self.GetDimensionalityDisplayName(0));
+        });
+
+    using Params = DefinitionUserParams;
+    py::class_<Params>(module, "DefinitionUserParams",
+                       "What user interfaces want to know beyond a definition.")
+        .def(py::init<>())
+        .def_property("flag", &Params::GetFlag, &Params::SetFlag)
+        .def_property("can_be_parameterized", &Params::GetCanBeParameterized, &Params::SetCanBeParameterized)
+        .def_property("common_to_multiple_types", &Params::GetCommonToMultipleTypes,
+                      &Params::SetCommonToMultipleTypes)
+        .def_property("foreign_reference", &Params::GetForeignReference, &Params::SetForeignReference)
+        .def_property("comment", &Params::GetComment, &Params::SetComment)
+        .def_property("status_off_value", &Params::GetStatusOffValue, &Params::SetStatusOffValue)
+        .def_property("ignore_status", &Params::GetIgnoreStatus, &Params::SetIgnoreStatus)
+        .def_property("unstructured_table", &Params::GetUnstructuredTable, &Params::SetUnstructuredTable)
+        .def_property("used_for_table_column_with_status", &Params::GetUsedForTableColumnWithStatus,
+                      &Params::SetUsedForTableColumnWithStatus)
+        .def_property("image_path", &Params::GetImagePath, &Params::SetImagePath)
+        .def_property("image_title", &Params::GetImageTitle, &Params::SetImageTitle)
+        .def_property("private_variable", &Params::GetPrivateVariable, &Params::SetPrivateVariable)
+        .def_property_readonly("confirm_message", &Params::GetConfirmMessage)
+        .def(
+            "set_confirm_message",
+            [](Params& self, int type, std::string const& message) {
+                self.SetConfirmMessage(static_cast<Params::ConfirmMessageType>(type), message);
+            },
+            py::arg("type"), py::arg("message"))
+        .def(
+            "__eq__", [](Params const& a, Params const& b) { return a == b; }, py::is_operator());
+}
+
+void BindTabularDefinition(py::module_& module) {
+    py::class_<TabularDefinition>(module, "TabularDefinition",
+                                  "The shape of a table: a definition for each column.")
+        .def(py::init([](std::string const& displayName, qzStlVector<Definition> columns, bool editable,
+                         bool visible, std::string const& description, std::string const& helpPath) {
+                 return TabularDefinition(displayName, columns, editable, visible, description, helpPath);
+             }),
+             py::arg("display_name") = "", py::arg("columns") = qzStlVector<Definition>(),
+             py::arg("editable") = true, py::arg("visible") = true, py::arg("description") = "",
+             py::arg("help_path") = "")
+        .def_property_readonly("display_name", &TabularDefinition::GetDisplayName)
+        .def_property_readonly("description", &TabularDefinition::GetDescription)
+        .def_property_readonly("help_path", &TabularDefinition::GetHelpPath)
+        .def_property_readonly("editable", &TabularDefinition::GetEditable)
+        .def_property_readonly("visible", &TabularDefinition::GetVisible)
+        .def_property_readonly("columns",
+                               [](TabularDefinition const& self) {
+                                   qzStlVector<Definition> columns;
+                                   for (unsigned int i = 0; i < self.GetColumnCount(); ++i)
+                                       columns.push_back(self.GetColumnDefinition(i));
+                                   return columns;
+                               })
+        .def("__len__", &TabularDefinition::GetColumnCount)
+        .def(
+            "__eq__", [](TabularDefinition const& a, TabularDefinition const& b) { return a == b; },
+            py::is_operator());
+}
+
+/// What a Python function gives as a status: nothing or a message is success, False a failure.
+qzReturnStatus ToStatus(py::object const& given) {
+    if (py::isinstance<py::str>(given))
+        return {0, given.cast<std::string>()};
+    if (py::isinstance<py::bool_>(given) && !given.cast<bool>())
+        return {-1, ""};
+    return {};
+}
+
+/// The native callback of an action that calls a Python function with the object.
+ActionDefinition::Function ToCallback(py::object const& function) {
+    if (function.is_none())
+        return nullptr;
+    return [kept = KeepFunction(function)](Metaobject const* object) {
+        qzReturnStatus status{-1, "Python is gone"};
+        RunOrReport([&] {
+            LentObject const lent(object);
+            try {
+                status = ToStatus(kept.Get()(lent.Get()));
+            } catch (py::error_already_set const& error) {
+                status.message = py::str(error.value());
+                if (!error.matches(py::module_::import("qzdescriptor").attr("Refused")))
+                    throw; // a refusal is an answer, anything else is reported
+            }
+        });
+        return status;
+    };
+}
+
+void BindActionDefinition(py::module_& module) {
+    py::class_<ActionDefinition>(
+        module, "ActionDefinition",
+        "An operation that a user starts on one object: a Python function called with the "
+        "object, or a function of a script module.")
+        .def(py::init([](std::string const& displayName, py::object const& callback, bool enabled,
+                         py::object const& enabledTest, std::string const& description,
+                         std::string const& helpPath) {
+                 return ActionDefinition(displayName, ToCallback(callback), enabled, ToCallback(enabledTest),
+                                         description, helpPath);
+             }),
+             py::arg("display_name"), py::arg("callback"), py::arg("enabled") = true,
+             py::arg("enabled_test") = py::none(), py::arg("description") = "", py::arg("help_path") = "",
+             "The function may give a message. Raise Refused to fail; False of the enabled test disables the "
+             "action for the object.")
+        .def_static(
+            "script",
+            [](std::string const& displayName, std::string const& function, std::string const& functionModule,
+               std::string const& functionClass, std::string const& language, bool enabled, bool visible,
+               std::string const& description, std::string const& helpPath) {
+                return ActionDefinition(displayName, function, functionClass, functionModule, language,
+                                        enabled, visible, description, helpPath);
+            },
+            py::arg("display_name"), py::arg("function"), py::arg("module") = "",
+            py::arg("function_class") = "", py::arg("language") = "python", py::arg("enabled") = true,
+            py::arg("visible") = true, py::arg("description") = "", py::arg("help_path") = "",
+            "An action that runs a function of a module in the interpreter of a language.")
+        .def_property_readonly("is_script_action", &ActionDefinition::IsScriptAction)
+        .def_property("display_name", &ActionDefinition::GetDisplayName, &ActionDefinition::SetDisplayName)
+        .def_property("enabled", &ActionDefinition::GetEnabled, &ActionDefinition::SetEnabled)
+        .def_property("visible", &ActionDefinition::GetVisible, &ActionDefinition::SetVisible)
+        .def_property("description", &ActionDefinition::GetDescription, &ActionDefinition::SetDescription)
+        .def_property("help_path", &ActionDefinition::GetHelpPath, &ActionDefinition::SetHelpPath)
+        .def_property_readonly("function", &ActionDefinition::GetCallbackScriptFunction)
+        .def_property_readonly("function_class", &ActionDefinition::GetCallbackScriptFunctionClass)
+        .def_property_readonly("module", &ActionDefinition::GetCallbackScriptFunctionModule)
+        .def_property_readonly("language", &ActionDefinition::GetLanguage)
+        .def(
+            "__eq__", [](ActionDefinition const& a, ActionDefinition const& b) { return a == b; },
+            py::is_operator())
+        .def("__repr__", [](ActionDefinition const& self) {
+            return py::str("<ActionDefinition {!r}>").format(self.GetDisplayName());
+        });
+}
+
+} // namespace
+
+void BindDefinitions(py::module_& module) {
+    BindAllowables(module);
+    BindParts(module);
+    BindDefinition(module);
+    BindTabularDefinition(module);
+    BindActionDefinition(module);
+}
+
+} // namespace qzPython

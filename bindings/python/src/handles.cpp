@@ -1,0 +1,230 @@
+#include "handles.h"
+
+#include "derived.h"
+#include "qzinterp/qzInterp.h"
+
+#include <mutex>
+#include <typeinfo>
+#include <unordered_map>
+
+namespace qzPython {
+
+// --- sessions --------------------------------------------------------------------------------------------
+
+namespace {
+
+struct Tokens {
+    std::mutex mutex;
+    std::unordered_map<ISession const*, std::weak_ptr<SessionToken>> bySession;
+};
+
+/// Never destroyed: sessions may end after everything else.
+Tokens& GetTokens() {
+    static Tokens& tokens = *new Tokens;
+    return tokens;
+}
+
+} // namespace
+
+/// Sits in the signal of the session's end. Its own end comes with the session's signal handler at the
+/// latest, also where the handler holds events back or somebody has disconnected everybody.
+class EndSlot {
+public:
+    explicit EndSlot(std::shared_ptr<SessionToken> token) : m_token(std::move(token)) {}
+    ~EndSlot() { m_token->P_End(); }
+    EndSlot(EndSlot const&) = delete;
+    EndSlot& operator=(EndSlot const&) = delete;
+
+    void OnEnd(qzString const& name) const {
+        std::shared_ptr<SessionToken> const token = m_token;
+        ISession* const session = token->Find();
+        if (session != nullptr && session->GetName() == name)
+            token->P_TellEnd();
+    }
+
+private:
+    std::shared_ptr<SessionToken> m_token;
+};
+
+std::shared_ptr<SessionToken> SessionToken::Of(ISession& session) {
+    Tokens& tokens = GetTokens();
+    {
+        std::lock_guard const lock(tokens.mutex);
+        if (auto const found = tokens.bySession.find(&session); found != tokens.bySession.end()) {
+            if (auto token = found->second.lock())
+                return token;
+        }
+    }
+    auto token = std::make_shared<SessionToken>();
+    token->m_session = &session;
+    auto slot = std::make_shared<EndSlot>(token);
+    session.GetSigSlotHandler()->GetSessionDeletedSignal()->Connect(
+        [slot = std::move(slot)](qzString const& name) { slot->OnEnd(name); });
+    std::lock_guard const lock(tokens.mutex);
+    tokens.bySession[&session] = token;
+    return token;
+}
+
+void SessionToken::P_TellEnd() {
+    std::vector<Kept> const listeners = std::exchange(m_endListeners, {});
+    // When nothing of the derived session is left, it can no longer be read.
+    if (m_session != nullptr && typeid(*m_session) == typeid(ISession))
+        P_End();
+    for (Kept const& listener : listeners)
+        RunOrReport([&] { listener.Get()(); });
+    P_End();
+}
+
+void SessionToken::P_End() {
+    ISession* const session = std::exchange(m_session, nullptr);
+    if (session == nullptr)
+        return;
+    Tokens& tokens = GetTokens();
+    std::lock_guard const lock(tokens.mutex);
+    tokens.bySession.erase(session);
+}
+
+ISession& SessionHandle::Get() const {
+    ISession* const session = Find();
+    if (session == nullptr)
+        throw Ended("the session has ended");
+    return *session;
+}
+
+store::Session& SessionHandle::GetStore() const {
+    auto* const session = dynamic_cast<store::Session*>(&Get());
+    if (session == nullptr)
+        throw Refused("only sessions that keep their objects in memory can do this");
+    return *session;
+}
+
+// --- objects ---------------------------------------------------------------------------------------------
+
+Metaobject const* ObjectHandle::Find() const {
+    ISession const* const session = m_session.Find();
+    if (m_lent)
+        return session != nullptr || !m_session.GetToken() ? *m_lent : nullptr;
+    return session != nullptr ? session->Get(m_entity) : nullptr;
+}
+
+Metaobject const& ObjectHandle::Get() const {
+    Metaobject const* const object = Find();
+    if (object == nullptr)
+        throw Ended(m_session.GetToken() && m_session.Find() == nullptr ? "the session has ended"
+                                                                        : "the object is gone");
+    return *object;
+}
+
+LentObject::LentObject(Metaobject const* object) {
+    ISession* const session = object != nullptr ? object->GetSession() : nullptr;
+    if (session != nullptr && session->Get(object->GetEntity()) == object) {
+        m_given = GiveObject(object, SessionHandle(*session));
+        return;
+    }
+    m_lent = std::make_shared<Metaobject const*>(object);
+    m_given =
+        object != nullptr ? py::cast(ObjectHandle(m_lent, SessionHandle(), object->GetEntity())) : py::none();
+}
+
+LentObject::~LentObject() {
+    if (m_lent)
+        *m_lent = nullptr;
+}
+
+Entity ToEntity(py::handle object) {
+    if (py::isinstance<ObjectHandle>(object))
+        return object.cast<ObjectHandle const&>().GetEntity();
+    return object.cast<Entity>();
+}
+
+// --- registries ------------------------------------------------------------------------------------------
+
+RegistryHandle::RegistryHandle() : m_own(std::make_unique<PythonRegistry>(*this)), m_registry(m_own.get()) {}
+RegistryHandle::RegistryHandle(MetaclassMgr& registry, std::function<bool()> isAlive)
+    : m_registry(&registry), m_isAlive(std::move(isAlive)) {}
+RegistryHandle::~RegistryHandle() = default;
+
+MetaclassMgr& RegistryHandle::Get() const {
+    if (m_isAlive && !m_isAlive())
+        throw Ended("the registry has ended");
+    return *m_registry;
+}
+
+// --- Python objects --------------------------------------------------------------------------------------
+
+py::object GiveSession(ISession* session) {
+    if (session == nullptr)
+        return py::none();
+    if (auto const* const derived = dynamic_cast<DerivedSession const*>(session))
+        return derived->GetSelf();
+    return py::cast(SessionHandle(*session));
+}
+
+py::object GiveObject(Metaobject const* object, SessionHandle const& session) {
+    if (object == nullptr)
+        return py::none();
+    if (auto const* const derived = dynamic_cast<DerivedObject const*>(object))
+        return derived->GetSelf();
+    return py::cast(ObjectHandle(session, object->GetEntity()));
+}
+
+py::object GiveRegistry(MetaclassMgr* registry, std::function<bool()> isAlive) {
+    if (registry == nullptr)
+        return py::none();
+    if (auto const* const own = dynamic_cast<PythonRegistry const*>(registry))
+        return py::cast(&own->GetHandle(), py::return_value_policy::reference);
+    return py::cast(std::make_unique<RegistryHandle>(*registry, std::move(isAlive)));
+}
+
+// --- the module ------------------------------------------------------------------------------------------
+
+py::object GiveText(qzString const& text) {
+    return py::reinterpret_steal<py::object>(
+        PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), "surrogateescape"));
+}
+
+bool TakeText(py::handle object, qzString& text) {
+    if (!PyUnicode_Check(object.ptr()))
+        return false;
+    auto const bytes =
+        py::reinterpret_steal<py::bytes>(PyUnicode_AsEncodedString(object.ptr(), "utf-8", "surrogateescape"));
+    PyErr_Clear();
+    if (bytes)
+        text = std::string_view(bytes);
+    return static_cast<bool>(bytes);
+}
+
+bool IsPythonAlive() { return Py_IsInitialized() != 0 && _Py_IsFinalizing() == 0; }
+
+void ReportFailure(char const* message) noexcept {
+    try {
+        qzInterp::ReportFailure("python", message);
+    } catch (...) { // whoever is told has failed, too: nobody is left to be told
+    }
+}
+
+Kept::Kept(py::object object)
+    : m_object(new py::object(std::move(object)), [](py::object* held) {
+          if (IsPythonAlive()) {
+              py::gil_scoped_acquire const holding;
+              delete held;
+          } else {
+              held->release(); // what it refers to went with Python
+              delete held;
+          }
+      }) {}
+
+Kept KeepFunction(py::object function) {
+    if (PyCallable_Check(function.ptr()) == 0)
+        throw py::type_error("a callable is expected");
+    return Kept(std::move(function));
+}
+
+void BindHandles(py::module_& module) {
+    py::register_exception<Refused>(module, "Refused", PyExc_ValueError).attr("__doc__") =
+        "What the library does not accept, with its message: a value, a name, an operation.";
+    py::register_exception<Ended>(module, "Ended", PyExc_RuntimeError).attr("__doc__") =
+        "Raised by everything that is done with a session, an object or a registry that is no more.";
+}
+
+} // namespace qzPython

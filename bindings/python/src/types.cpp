@@ -1,0 +1,160 @@
+#include "conversions.h"
+
+namespace qzPython {
+
+namespace {
+
+/// The Python classes that stand for types of values.
+struct ClassRow {
+    py::handle type;
+    TypeSpec spec;
+};
+
+template <class T>
+ClassRow RowOf(BasicType basic, CompoundType compound, unsigned int dimension = 0) {
+    return {py::type::of<T>(), {basic, compound, dimension}};
+}
+
+std::vector<ClassRow> ListClasses() {
+    auto const builtin = [](PyTypeObject& type, BasicType basic) {
+        return ClassRow{reinterpret_cast<PyObject*>(&type), {basic, CT_SCALAR, 0}};
+    };
+    return {builtin(PyFloat_Type, BT_DOUBLE),
+            builtin(PyLong_Type, BT_INT),
+            builtin(PyBool_Type, BT_BOOL),
+            builtin(PyUnicode_Type, BT_STRING),
+            RowOf<Entity>(BT_UINT, CT_ENTITY),
+            RowOf<EntityFullType>(BT_UINT, CT_ENTITY),
+            RowOf<Color>(BT_UINT, CT_COLOR),
+            RowOf<Qualifier>(BT_OBJECT, CT_QUALIFIER),
+            RowOf<Formula>(BT_OBJECT, CT_FORMULA),
+            RowOf<Function>(BT_POINTER, CT_FUNCTION),
+            RowOf<Tabular>(BT_OBJECT, CT_TABULAR),
+            RowOf<EntityList>(BT_UINT, CT_ENTITY, 1),
+            RowOf<EntityList2>(BT_UINT, CT_ENTITY, 2),
+            RowOf<EntityListBag>(BT_UINT, CT_ENTITY, 3),
+            RowOf<EntityListBagList>(BT_UINT, CT_ENTITY, 4),
+            RowOf<FormulaBag>(BT_OBJECT, CT_FORMULA, 3)};
+}
+
+/// `list[X]`, and `tuple[X, X]` or `tuple[X, X, X]` with one X throughout.
+TypeSpec ToGenericSpec(py::handle type) {
+    py::module_ const typing = py::module_::import("typing");
+    py::object const origin = typing.attr("get_origin")(type);
+    py::tuple const arguments = typing.attr("get_args")(type);
+    if (origin.is(py::handle(reinterpret_cast<PyObject*>(&PyList_Type))) && arguments.size() == 1) {
+        TypeSpec spec = ToTypeSpec(arguments[0]);
+        ++spec.dimension;
+        return spec;
+    }
+    bool const isTuple = origin.is(py::handle(reinterpret_cast<PyObject*>(&PyTuple_Type)));
+    if (isTuple && (arguments.size() == 2 || arguments.size() == 3)) {
+        TypeSpec spec = ToTypeSpec(arguments[0]);
+        for (py::handle const argument : arguments) {
+            if (!(ToTypeSpec(argument) == spec))
+                throw py::type_error("a tuple has components of one type");
+        }
+        spec.compound = arguments.size() == 2 ? CT_COUPLE : CT_TRIPLE;
+        return spec;
+    }
+    throw py::type_error(std::string(py::repr(type)) + " is no type of values");
+}
+
+} // namespace
+
+TypeSpec ToTypeSpec(py::handle type) {
+    if (py::isinstance<TypeSpec>(type))
+        return type.cast<TypeSpec>();
+    if (py::isinstance<BasicType>(type))
+        return {type.cast<BasicType>(), CT_SCALAR, 0};
+    for (ClassRow const& row : ListClasses()) {
+        if (type.is(row.type))
+            return row.spec;
+    }
+    return ToGenericSpec(type);
+}
+
+TypeSpec GuessType(py::handle data) {
+    if (PyBool_Check(data.ptr()))
+        return {BT_BOOL, CT_SCALAR, 0};
+    for (ClassRow const& row : ListClasses()) {
+        if (py::isinstance(data, row.type))
+            return row.spec;
+    }
+    throw py::type_error("say of which type the value is to be");
+}
+
+std::string Describe(TypeSpec const& type) {
+    std::string const name = py::str(py::cast(type));
+    return name;
+}
+
+namespace {
+
+std::string NameOf(TypeSpec const& type) {
+    for (ClassRow const& row : ListClasses()) {
+        if (row.spec == type)
+            return py::str(row.type.attr("__name__"));
+    }
+    if (type.dimension > 0)
+        return "list[" + NameOf({type.basic, type.compound, type.dimension - 1}) + "]";
+    std::string const basic = py::str(py::cast(type.basic).attr("name"));
+    if (type.compound == CT_SCALAR)
+        return basic;
+    return std::string(py::str(py::cast(type.compound).attr("name"))) + " of " + basic;
+}
+
+} // namespace
+
+void BindTypes(py::module_& module) {
+    py::enum_<BasicType>(module, "BasicType", "The type of a value's elements.")
+        .value("NONE", BT_NONE)
+        .value("BOOL", BT_BOOL)
+        .value("CHAR", BT_CHAR)
+        .value("UCHAR", BT_UCHAR)
+        .value("INT", BT_INT)
+        .value("UINT", BT_UINT)
+        .value("SHORT", BT_SHORT)
+        .value("USHORT", BT_USHORT)
+        .value("LONG", BT_LONG)
+        .value("ULONG", BT_ULONG)
+        .value("FLOAT", BT_FLOAT)
+        .value("DOUBLE", BT_DOUBLE)
+        .value("STRING", BT_STRING)
+        .value("OBJECT", BT_OBJECT)
+        .value("POINTER", BT_POINTER);
+    py::enum_<CompoundType>(module, "CompoundType", "The shape of a value's elements.")
+        .value("NONE", CT_NONE)
+        .value("SCALAR", CT_SCALAR)
+        .value("COUPLE", CT_COUPLE)
+        .value("TRIPLE", CT_TRIPLE)
+        .value("MATRIX33", CT_MATRIX33)
+        .value("MATRIX44", CT_MATRIX44)
+        .value("COLOR", CT_COLOR)
+        .value("ENTITY", CT_ENTITY)
+        .value("QUALIFIER", CT_QUALIFIER)
+        .value("FORMULA", CT_FORMULA)
+        .value("FUNCTION", CT_FUNCTION)
+        .value("TABULAR", CT_TABULAR);
+    py::class_<TypeSpec>(
+        module, "ValueType",
+        "The type of a value: that of its elements, their shape, and the dimension (0 one element, "
+        "1 a list, 2 a two-level list, 3 a bag, 4 a register of bags). Made of a Python type, too: "
+        "ValueType(list[float]).")
+        .def(py::init(&ToTypeSpec), py::arg("type"))
+        .def(py::init<BasicType, CompoundType, unsigned int>(), py::arg("basic"), py::arg("compound"),
+             py::arg("dimension") = 0)
+        .def_readonly("basic", &TypeSpec::basic)
+        .def_readonly("compound", &TypeSpec::compound)
+        .def_readonly("dimension", &TypeSpec::dimension)
+        .def(
+            "__eq__", [](TypeSpec const& a, TypeSpec const& b) { return a == b; }, py::is_operator())
+        .def("__hash__",
+             [](TypeSpec const& self) {
+                 return (self.basic * 32 + self.compound) * 8 + static_cast<int>(self.dimension);
+             })
+        .def("__str__", &NameOf)
+        .def("__repr__", [](TypeSpec const& self) { return "<ValueType " + NameOf(self) + ">"; });
+}
+
+} // namespace qzPython

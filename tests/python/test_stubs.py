@@ -1,0 +1,65 @@
+"""What the stubs declare is what the module has, and the other way round."""
+
+import ast
+import inspect
+import pathlib
+import subprocess
+import sys
+
+import pytest
+
+import qzdescriptor as qz
+
+FOLDER = pathlib.Path(qz.__file__).parent.parent
+STUB = FOLDER / "qzdescriptor-stubs" / "__init__.pyi"
+
+
+def declared(node):
+    """The names that a module or class declares, by name."""
+    names = {}
+    for item in node.body:
+        if isinstance(item, (ast.ClassDef, ast.FunctionDef)):
+            names[item.name] = item
+        elif isinstance(item, ast.AnnAssign):
+            names[item.target.id] = item
+    return names
+
+
+def public(names):
+    return {name for name in names if not name.startswith("_")}
+
+
+def own(cls):
+    """What a class itself brings; enumerations bring a little more that is pybind11's."""
+    extra = {"name", "value"} if hasattr(cls, "__members__") else set()
+    return public(vars(cls)) - extra
+
+
+def test_stubs_match_the_module():
+    stub = declared(ast.parse(STUB.read_text()))
+    assert public(stub) == set(qz.__all__)
+    pending = [(name, vars(qz)[name], stub[name]) for name in qz.__all__ if inspect.isclass(vars(qz)[name])]
+    assert pending
+    while pending:
+        path, cls, node = pending.pop()
+        names = declared(node)
+        assert public(names) == own(cls), path
+        pending += [(f"{path}.{name}", vars(cls)[name], names[name]) for name in public(names)
+                    if inspect.isclass(vars(cls).get(name))]
+
+
+def test_everything_public_is_explained():
+    silent = [name for name in qz.__all__ if not (getattr(vars(qz)[name], "__doc__", None) or "").strip()]
+    assert silent == []
+
+
+def test_mypy_agrees(tmp_path):
+    pytest.importorskip("mypy")
+    # Of the classes themselves it tells the metaclass, of those that are not made in Python the constructor.
+    passed_over = tmp_path / "passed-over"
+    passed_over.write_text("qzdescriptor\\.[A-Z]\\w*(\\.[A-Z]\\w*)?\n"
+                           "qzdescriptor\\.(Connection|Session|Object)\\.__init__\n")
+    done = subprocess.run([sys.executable, "-m", "mypy.stubtest", "qzdescriptor", "--ignore-missing-stub",
+                           "--allowlist", str(passed_over), "--ignore-unused-allowlist"],
+                          capture_output=True, text=True, cwd=FOLDER)
+    assert done.returncode == 0, done.stdout
