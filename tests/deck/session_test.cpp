@@ -1,4 +1,4 @@
-#include "session/DeckSession.h"
+#include "objects/DeckSession.h"
 
 #include "cards/card_position.h"
 #include "cards/registry.h"
@@ -9,10 +9,10 @@
 #include "descriptor/Members.h"
 #include "descriptor/qzSigSlotHandler.h"
 #include "facts/DeckFacts.h"
+#include "objects/CardPopulation.h"
+#include "objects/DeckRegistry.h"
+#include "objects/metaclasses.h"
 #include "qzsigslot/qzListener.h"
-#include "session/CardPopulation.h"
-#include "session/DeckRegistry.h"
-#include "session/metaclasses.h"
 #include "writer/DeckWriter.h"
 
 #include <gtest/gtest.h>

@@ -4,10 +4,10 @@
 #include "describe/card_page.h"
 #include "descriptor/ActionDefinition.h"
 #include "descriptor/DataOperationListBuilder.h"
-#include "session/CardObject.h"
-#include "session/CardPopulation.h"
-#include "session/DeckRegistry.h"
-#include "session/DeckSession.h"
+#include "objects/CardObject.h"
+#include "objects/CardPopulation.h"
+#include "objects/DeckRegistry.h"
+#include "objects/DeckSession.h"
 
 #include <charconv>
 #include <memory>

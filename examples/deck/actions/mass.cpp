@@ -5,9 +5,9 @@
 #include "cards/families.h"
 #include "descriptor/EntityList.h"
 #include "descriptor/Value.h"
+#include "objects/CardObject.h"
+#include "objects/DeckSession.h"
 #include "qzutl/qzStlVector.h"
-#include "session/CardObject.h"
-#include "session/DeckSession.h"
 
 #include <array>
 #include <charconv>

@@ -3,7 +3,7 @@
 #include "commands/read_deck.h"
 #include "descriptor/ActionDefinition.h"
 #include "descriptor/DataOperationList.h"
-#include "session/Population.h"
+#include "objects/Population.h"
 
 #include <iostream>
 

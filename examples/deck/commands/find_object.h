@@ -1,7 +1,7 @@
 #pragma once
 
-#include "session/DeckRegistry.h"
-#include "session/DeckSession.h"
+#include "objects/DeckRegistry.h"
+#include "objects/DeckSession.h"
 
 #include <string>
 #include <vector>

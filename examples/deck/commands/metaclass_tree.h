@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/DeckRegistry.h"
+#include "objects/DeckRegistry.h"
 
 #include <functional>
 

@@ -4,9 +4,9 @@
 #include "commands/field_words.h"
 #include "describe/card_page.h"
 #include "descriptor/Definition.h"
+#include "objects/CardPopulation.h"
+#include "objects/DeckSession.h"
 #include "references/dangling.h"
-#include "session/CardPopulation.h"
-#include "session/DeckSession.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/DeckObject.h"
+#include "objects/DeckObject.h"
 
 #include <ostream>
 

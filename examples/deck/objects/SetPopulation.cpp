@@ -1,8 +1,8 @@
-#include "session/SetPopulation.h"
+#include "objects/SetPopulation.h"
 
-#include "session/CardPopulation.h"
-#include "session/DeckRegistry.h"
-#include "session/DeckSession.h"
+#include "objects/CardPopulation.h"
+#include "objects/DeckRegistry.h"
+#include "objects/DeckSession.h"
 
 namespace qzDeck {
 

@@ -1,12 +1,12 @@
-#include "session/DeckRegistry.h"
+#include "objects/DeckRegistry.h"
 
 #include "actions/actions.h"
 #include "cards/registry.h"
 #include "cards/tails.h"
 #include "descriptor/Definition.h"
 #include "descriptor/Version.h"
-#include "session/DeckSession.h"
-#include "session/metaclasses.h"
+#include "objects/DeckSession.h"
+#include "objects/metaclasses.h"
 
 #include <algorithm>
 #include <memory>

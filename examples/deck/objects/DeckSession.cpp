@@ -1,15 +1,15 @@
-#include "session/DeckSession.h"
+#include "objects/DeckSession.h"
 
 #include "cards/registry.h"
 #include "descriptor/EntityListBag.h"
 #include "descriptor/Members.h"
 #include "descriptor/qzSigSlotHandler.h"
+#include "objects/CardPopulation.h"
+#include "objects/DeckRegistry.h"
+#include "objects/PartPopulation.h"
+#include "objects/SetPopulation.h"
+#include "objects/list_value.h"
 #include "references/card_ids.h"
-#include "session/CardPopulation.h"
-#include "session/DeckRegistry.h"
-#include "session/PartPopulation.h"
-#include "session/SetPopulation.h"
-#include "session/list_value.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,11 +1,11 @@
-#include "session/CardObject.h"
+#include "objects/CardObject.h"
 
 #include "check/Finding.h"
 #include "descriptor/Definition.h"
 #include "descriptor/Members.h"
+#include "objects/CardPopulation.h"
+#include "objects/DeckSession.h"
 #include "references/dangling.h"
-#include "session/CardPopulation.h"
-#include "session/DeckSession.h"
 
 namespace qzDeck {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "session/CardObject.h"
-#include "session/Population.h"
+#include "objects/CardObject.h"
+#include "objects/Population.h"
 
 #include <deque>
 #include <string>

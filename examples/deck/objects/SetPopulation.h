@@ -1,8 +1,8 @@
 #pragma once
 
-#include "session/CardObject.h"
-#include "session/Population.h"
-#include "session/metaclasses.h"
+#include "objects/CardObject.h"
+#include "objects/Population.h"
+#include "objects/metaclasses.h"
 
 #include <map>
 #include <memory>

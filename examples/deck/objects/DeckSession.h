@@ -6,7 +6,7 @@
 #include "descriptor/Identifier.h"
 #include "descriptor/Value.h"
 #include "model/Model.h"
-#include "session/DeckObject.h"
+#include "objects/DeckObject.h"
 
 #include <atomic>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "descriptor/ValuePtr.h"
-#include "session/CardObject.h"
-#include "session/Population.h"
+#include "objects/CardObject.h"
+#include "objects/Population.h"
 
 #include <deque>
 #include <string>

@@ -1,4 +1,4 @@
-#include "session/list_value.h"
+#include "objects/list_value.h"
 
 #include "cards/tails.h"
 #include "model/field_value.h"

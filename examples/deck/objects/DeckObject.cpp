@@ -1,4 +1,4 @@
-#include "session/DeckObject.h"
+#include "objects/DeckObject.h"
 
 #include "descriptor/ActionDefinition.h"
 #include "descriptor/Allowables.h"
@@ -6,9 +6,9 @@
 #include "descriptor/Members.h"
 #include "descriptor/Value.h"
 #include "model/field_value.h"
-#include "session/DeckRegistry.h"
-#include "session/DeckSession.h"
-#include "session/Population.h"
+#include "objects/DeckRegistry.h"
+#include "objects/DeckSession.h"
+#include "objects/Population.h"
 
 #include <cmath>
 

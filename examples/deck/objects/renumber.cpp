@@ -1,9 +1,9 @@
 // Giving a card another number: of itself, of all that refers to it and, with that, of the entity.
 
+#include "objects/CardPopulation.h"
+#include "objects/DeckRegistry.h"
+#include "objects/DeckSession.h"
 #include "references/dangling.h"
-#include "session/CardPopulation.h"
-#include "session/DeckRegistry.h"
-#include "session/DeckSession.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "session/metaclasses.h"
+#include "objects/metaclasses.h"
 
 #include <algorithm>
 

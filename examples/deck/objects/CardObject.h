@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Card.h"
-#include "session/DeckObject.h"
+#include "objects/DeckObject.h"
 
 #include <cstdint>
 

@@ -1,10 +1,10 @@
-#include "session/CardPopulation.h"
+#include "objects/CardPopulation.h"
 
 #include "cards/card_position.h"
 #include "descriptor/Members.h"
+#include "objects/DeckRegistry.h"
+#include "objects/DeckSession.h"
 #include "references/card_ids.h"
-#include "session/DeckRegistry.h"
-#include "session/DeckSession.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
-#include "session/Population.h"
+#include "objects/Population.h"
 
-#include "session/DeckRegistry.h"
-#include "session/DeckSession.h"
+#include "objects/DeckRegistry.h"
+#include "objects/DeckSession.h"
 
 namespace qzDeck {
 

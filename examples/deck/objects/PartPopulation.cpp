@@ -1,11 +1,11 @@
-#include "session/PartPopulation.h"
+#include "objects/PartPopulation.h"
 
 #include "cards/tails.h"
 #include "descriptor/Definition.h"
 #include "descriptor/Members.h"
-#include "session/CardPopulation.h"
-#include "session/DeckSession.h"
-#include "session/metaclasses.h"
+#include "objects/CardPopulation.h"
+#include "objects/DeckSession.h"
+#include "objects/metaclasses.h"
 
 #include <algorithm>
 
