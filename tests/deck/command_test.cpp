@@ -221,6 +221,29 @@ TEST(Command, ARefusedChangeWritesNothing) {
     EXPECT_NE(shown.find("\n  MID2       - "), std::string::npos) << shown;
 }
 
+#ifdef QZ_HAVE_PYTHON_MODULES
+TEST(Command, PythonWorksOnTheObjectsOfADeck) {
+    DeckFolder const folder;
+    std::string const bridge = '"' + OwnDeck("footbridge.bdf") + "\" ";
+    std::string const output = (folder.Path() / "out.bdf").string();
+    std::string const toOutput = " -o \"" + output + '"';
+    Outcome const scaled = Call(folder, "run " + bridge + "PSHELL 1 \"Scale thickness\" 1.5" + toOutput);
+    EXPECT_EQ(scaled.output, "Callback execution succeeded\n") << scaled.errors;
+    Outcome const thick = Call(folder, "query \"" + output + "\" PSHELL \"T = 12\"");
+    EXPECT_EQ(thick.output, "PSHELL 1\n") << thick.errors;
+    Outcome const refused = Call(folder, "run " + bridge + "PSHELL 1 \"Scale thickness\" -1");
+    EXPECT_EQ(refused.errors, "qzdeck: Callback execution failed\n");
+
+    std::string const script = folder.Write("script.py", "from qz.mdi.isession import Session\n"
+                                                         "for prop in Session().objects('PSHELL'):\n"
+                                                         "    prop['T'] = 4\n"
+                                                         "    print(prop.text('T'))\n");
+    Outcome const changed = Call(folder, "script " + bridge + '"' + script + '"' + toOutput);
+    EXPECT_EQ(changed.output, "4\n") << changed.errors;
+    EXPECT_EQ(Call(folder, "query \"" + output + "\" PSHELL \"T = 4\" --count").output, "1\n");
+}
+#endif
+
 TEST(Command, ScriptsPrintAndFail) {
     if (qzInterp::Get("tcl") == nullptr)
         GTEST_SKIP() << "there is no Tcl";

@@ -8,6 +8,7 @@
 #include "objects/CardPopulation.h"
 #include "objects/DeckRegistry.h"
 #include "objects/DeckSession.h"
+#include "qzinterp/qzInterp.h"
 
 #include <charconv>
 #include <memory>
@@ -37,6 +38,12 @@ constexpr ActionRow s_actions[] = {
     {"material", "Renumber", "Gives it another number, and all that refer to it", RenumberCard, nullptr},
 };
 
+constexpr char const* s_withMenus[] = {"card",     "shell element", "shell property",
+                                       "property", "material",      "PSHELL"};
+
+/// Of the folder `scripts`.
+constexpr char const* s_scriptModule = "deck_actions";
+
 struct EndBuilder {
     void operator()(DataOperationListBuilder* builder) const { builder->Destroy(); }
 };
@@ -49,11 +56,28 @@ void InsertActions(DeckRegistry& registry) {
         registry.InsertAction(registry.FindHandle(row.metaclass), Identifier(qzString(row.name)),
                               ActionDefinition(row.name, row.callback, true, test, row.description, ""), {});
     }
+    registry.InsertAction(registry.FindHandle("PSHELL"), Identifier("Scale thickness"),
+                          ActionDefinition("Scale thickness", "scale_thickness", "", s_scriptModule, "python",
+                                           true, true,
+                                           "Multiplies the thickness by a factor, 1.1 without one", ""),
+                          {});
+}
+
+bool PrepareScripts(std::vector<std::string> const& arguments, std::string& failure) {
+    qzInterp* const python = qzInterp::Get("python");
+    if (python == nullptr)
+        return true; // the action itself says so
+    qzStlVector<qzVariant> folder(1), words(arguments.size());
+    folder[0].SetString(QZDECK_SCRIPTS);
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+        words[i].SetString(arguments[i]);
+    return python->Call("site.addsitedir", folder, failure) &&
+           python->Call(qzString(s_scriptModule) + ".set_arguments", words, failure);
 }
 
 void InsertMenus(DeckRegistry& registry) {
-    for (ActionRow const& row : s_actions) {
-        unsigned int const metaclass = registry.FindHandle(row.metaclass);
+    for (char const* const name : s_withMenus) {
+        unsigned int const metaclass = registry.FindHandle(name);
         std::unique_ptr<DataOperationListBuilder, EndBuilder> const builder(
             DataOperationListBuilder::Create());
         builder->InsertOperation("Show", DataOperation::OPERATION_SHOW, "", true, "");

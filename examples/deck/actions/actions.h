@@ -5,6 +5,9 @@
 #include "descriptor/Metaobject.h"
 #include "descriptor/qzReturnStatus.h"
 
+#include <string>
+#include <vector>
+
 namespace qzDeck {
 
 class DeckRegistry;
@@ -13,6 +16,9 @@ class DeckRegistry;
 void InsertActions(DeckRegistry& registry);
 /// Gives each metaclass with actions of its own a menu of these and of what can be done with any object.
 void InsertMenus(DeckRegistry& registry);
+
+/// Lets the actions that are written in Python be found, and gives them the arguments of the command.
+bool PrepareScripts(std::vector<std::string> const& arguments, std::string& failure);
 
 // The actions. What comes of them is the message; a status other than 0 says why nothing does. Tests say why
 // an action cannot be started.

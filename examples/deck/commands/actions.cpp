@@ -1,3 +1,4 @@
+#include "actions/actions.h"
 #include "commands/commands.h"
 #include "commands/find_object.h"
 #include "commands/read_deck.h"
@@ -30,15 +31,16 @@ void PrintEntries(DataOperationList const& list, std::size_t depth) {
     }
 }
 
-/// Why an action cannot be started; empty when it can.
-std::string FindObstacle(DeckObject const& object, DeckRegistry const& registry, std::string const& action) {
+ActionDefinition const* FindAction(DeckObject const& object, DeckRegistry const& registry,
+                                   std::string const& action) {
     unsigned int const metaclass = object.GetPopulation().GetMetaclass();
     Identifier id;
-    ActionDefinition const* const definition =
-        registry.GetActionDefinition(metaclass, registry.FindActionHandle(metaclass, action, 0), id, 0);
-    if (definition == nullptr)
-        return object.GetName() + " has no action " + action;
-    auto const& test = definition->GetEnabledTest();
+    return registry.GetActionDefinition(metaclass, registry.FindActionHandle(metaclass, action, 0), id, 0);
+}
+
+/// Why an action cannot be started; empty when it can.
+std::string FindObstacle(DeckObject const& object, ActionDefinition const& action) {
+    auto const& test = action.GetEnabledTest();
     return test ? test(&object).message : std::string();
 }
 
@@ -78,9 +80,15 @@ int RunAction(Arguments const& arguments) {
         session == nullptr ? nullptr : FindObject(*session, arguments.card, arguments.id);
     if (object == nullptr)
         return s_failure;
-    if (std::string const obstacle = FindObstacle(*object, registry, arguments.text); !obstacle.empty())
+    ActionDefinition const* const action = FindAction(*object, registry, arguments.text);
+    if (action == nullptr)
+        return Refuse(object->GetName() + " has no action " + arguments.text, s_findings);
+    if (std::string const obstacle = FindObstacle(*object, *action); !obstacle.empty())
         return Refuse(obstacle, s_findings);
     session->SetActionArguments(arguments.words);
+    std::string failure;
+    if (action->IsScriptAction() && !PrepareScripts(arguments.words, failure))
+        return Refuse(failure, s_failure);
     qzReturnStatus const status = object->InvokeAction(Identifier(arguments.text));
     if (status.status != 0)
         return Refuse(status.message, s_findings);
