@@ -134,14 +134,14 @@ TEST_F(EmbeddedPython, OutlivesWhatItHolds) {
 TEST_F(EmbeddedPython, HearsSignalsByTheNameOfAFunction) {
     ISession* const session = registry.GetSession("s");
     ASSERT_TRUE(python->Execute("heard = []\ndef hear(name): heard.append(name)\n"
-                                "def count(event): heard.append(event > 0)\n",
+                                "def count(event): heard.append(event.split()[0])\n",
                                 output));
     session->GetSigSlotHandler()->GetSessionDeletedSignal()->ConnectScript(
         qzScriptCallback("python", "hear"));
     session->GetSigSlotHandler()->GetEntityEventSignal()->ConnectScript(qzScriptCallback("python", "count"));
     Make("s");
     registry.RemoveSession(session);
-    EXPECT_EQ(Evaluate("heard"), "[True, 's']\n");
+    EXPECT_EQ(Evaluate("heard"), "['created', 's']\n");
 }
 
 /// The pages of memory that this process uses.
