@@ -15,7 +15,8 @@ namespace qzDescriptor {
 ///     thickness.IsAtDefault();                     // false
 ///
 /// A view of a constant content, or of a member set, which shows the defaults, refuses to write. Every
-/// operation of a view of nothing fails. A view owns nothing: content and member set have to outlive it.
+/// operation of a view of nothing fails. A view owns nothing: content and member set have to outlive it, and
+/// may be used on whichever threads they may.
 class QZDESCRIPTOR_API Attribute {
 public:
     /// A view of nothing.

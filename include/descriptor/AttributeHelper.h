@@ -17,7 +17,8 @@ namespace qzDescriptor {
 ///     for (CategoryAttribute const& category : helper.GetCategories())
 ///         sheet.AddHeading(category.GetName());
 ///
-/// As views do, a helper owns nothing, and refuses to write through a constant content.
+/// As views do, a helper owns nothing, refuses to write through a constant content, and may be used where the
+/// content may.
 class QZDESCRIPTOR_API AttributeHelper {
 public:
     /// Names the category of an attribute.

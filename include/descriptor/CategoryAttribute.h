@@ -13,6 +13,8 @@ namespace qzDescriptor {
 ///
 ///     for (Attribute const& attribute : category)
 ///         sheet.AddRow(attribute.GetDisplayName(), attribute);
+///
+/// A plain list of views, not synchronised.
 class QZDESCRIPTOR_API CategoryAttribute {
 public:
     CategoryAttribute() = default;

@@ -12,6 +12,8 @@ namespace qzDescriptor {
 /// text. One of another type is there without a value, so that no condition on it holds. Unsigned numbers are
 /// read as signed ones of 32 bits: from 2147483648 on they count as negative, as the conditions that
 /// applications have stored expect.
+///
+/// It keeps nothing, and may be used by as many threads as the objects may be read by.
 class QZDESCRIPTOR_API DataInterface : public ui::selexpr::IDataInterface {
 public:
     DataInterface() = default;

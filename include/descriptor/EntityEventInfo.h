@@ -20,7 +20,7 @@ enum ENTITY_EVENT_TYPE : std::int32_t {
     ENTITY_EVENT_APPLICATION = 100
 };
 
-/// Something that happened to entities of one type.
+/// Something that happened to entities of one type. A plain value, not synchronised.
 class QZDESCRIPTOR_API EntityEventInfo {
 public:
     EntityEventInfo() = default;

@@ -6,7 +6,7 @@
 namespace qzDescriptor {
 
 /// What writes the data of a session into bytes and reads them back. Its operations are the application's;
-/// this library calls none of them.
+/// this library calls none of them. Used on the thread of its session.
 class QZDESCRIPTOR_API ISerializer {
 public:
     ISerializer() = default;

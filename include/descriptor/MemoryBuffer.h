@@ -12,7 +12,7 @@ namespace qzDescriptor {
 ///     buffer.GetBuffer(bytes, sizeof bytes);          // 3
 ///
 /// It is filled once. What it held is not released by a second SetBuffer or by an assignment, since another
-/// buffer may share it: see operator=.
+/// buffer may share it: see operator=. Not synchronised; any number of threads may read.
 class QZDESCRIPTOR_API MemoryBuffer {
 public:
     MemoryBuffer() = default;

@@ -65,6 +65,8 @@ protected:
 ///     std::unique_ptr<MetaobjectCollectionIterator> place(collection.begin()), end(collection.end());
 ///     for (; !place->equals(*end); place->next())
 ///         Show(*place->get());
+///
+/// Collections and places are used on the thread of their session.
 class QZDESCRIPTOR_API MetaobjectCollection {
 public:
     /// Without a collection there are no places, and nothing is added or removed.

@@ -10,6 +10,7 @@ namespace qzDescriptor {
 /// Whether a query can be read for the entities of a type, and asks for nothing but attributes that they
 /// have. The message says where it is wrong: "at 11: found 'or', expected a condition", "'thicknes' is no
 /// attribute of Ply". An empty query is right: it asks for everything.
+/// Reads the session, as the next one does: on any thread while nothing in it changes.
 QZDESCRIPTOR_API qzReturnStatus CheckQuery(ISession const& session, EntityFullType const& type,
                                            qzString const& query);
 

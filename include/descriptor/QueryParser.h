@@ -14,6 +14,8 @@ namespace qzDescriptor {
 ///     QueryParser parser(&data, session, EntityFullType("Ply"));
 ///     std::unique_ptr<ui::selexpr::IRequest> request(parser.Parse("T > 0.002"));
 ///     request->Matches(const_cast<Metaobject*>(session->Get(ply)));
+///
+/// One thread parses at a time; requests may match on as many as the objects may be read by.
 class QZDESCRIPTOR_API QueryParser : public ui::selexpr::IDataFilter {
 public:
     /// Neither the data nor the session is owned; without a session values are what they are written as.

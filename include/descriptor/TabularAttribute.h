@@ -13,6 +13,7 @@ namespace qzDescriptor {
 ///
 /// The columns are those of a tabular definition, or the table's own where nothing defines them. A table that
 /// has fewer columns than its definition gets the others when it is first changed through a view.
+/// Not synchronised, as the content.
 class QZDESCRIPTOR_API TabularAttribute : public Attribute {
 public:
     TabularAttribute() = default;

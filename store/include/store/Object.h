@@ -15,7 +15,8 @@ class Session;
 ///
 /// An attribute that is written is tested first, and its change told to the listeners of the session; what
 /// they do, ending the object or its session included, is done when the write returns. Objects are made and
-/// ended by their session alone.
+/// ended by their session alone. To be used as the session is: by one thread, or by any number while nothing
+/// changes.
 class QZSTORE_API Object final : public Metaobject {
 public:
     Object(Object const&) = delete;

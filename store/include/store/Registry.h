@@ -12,9 +12,12 @@ namespace qzDescriptor::store {
 /// for a registry of its own.
 ///
 ///     store::Registry registry;
-///     unsigned int const plate = registry.Insert("Plate", Version("1.0.0"), "",
-///     store::Registry::CONFIG_USAGE_NONE, ""); registry.InsertAttribute(plate, Identifier("T"), thickness,
-///     Identifier(), {}); ISession* const session = registry.GetSession("bridge");        // a store::Session
+///     auto const usage = store::Registry::CONFIG_USAGE_NONE;
+///     unsigned int const plate = registry.Insert("Plate", Version("1.0.0"), "", usage, "");
+///     registry.InsertAttribute(plate, Identifier("T"), thickness, Identifier(), {});
+///     ISession* const session = registry.GetSession("bridge");         // a store::Session
+///
+/// Not synchronised, as every registry.
 class QZSTORE_API Registry : public MetaclassMgr {
 public:
     Registry();

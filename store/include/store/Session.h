@@ -23,7 +23,9 @@ class Population;
 ///
 /// Listeners of its signal handler are told of every entity that is created, changed or deleted, once it has
 /// happened: the ids of deleted entities come by type, owners before what they owned. Listeners may do
-/// anything, end the session included.
+/// anything, end the session included. What they throw passes through, behind a change that is done.
+///
+/// One thread changes it; any number may read while nothing changes.
 class QZSTORE_API Session : public ISession {
 public:
     Session(qzString const& name, MetaclassMgr* registry);
