@@ -2,6 +2,7 @@
 // they refuse. And objects as such: what one costs in time and memory.
 
 #include "attribute_peers.h"
+#include "bounded_write.h"
 
 #include <benchmark/benchmark.h>
 
@@ -11,33 +12,6 @@
 using namespace qzDescriptor;
 
 namespace {
-
-template <class Peer>
-void Accept(benchmark::State& state) {
-    Peer peer;
-    double number = 2.5;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(number);
-        bool isWritten = peer.Write(number);
-        benchmark::DoNotOptimize(isWritten);
-    }
-    if (peer.Read() != 2.5)
-        state.SkipWithError("the number was not stored");
-}
-
-template <class Peer>
-void Refuse(benchmark::State& state) {
-    Peer peer;
-    double number = 12.0;
-    bool isWritten = false;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(number);
-        isWritten = peer.Write(number);
-        benchmark::DoNotOptimize(isWritten);
-    }
-    if (isWritten || peer.Read() != 1.0)
-        state.SkipWithError("the number was not refused");
-}
 
 template <class Peer>
 void Register(std::string const& how, std::string const& who) {

@@ -1,6 +1,7 @@
 // A bounded number: a write that its bounds accept, and one that they refuse. Ours tests by the attribute's
 // constraint and then writes the attribute's value; the peers write a property that checks its bounds.
 
+#include "bounded_write.h"
 #include "constraint_peers.h"
 
 #include <benchmark/benchmark.h>
@@ -8,33 +9,6 @@
 #include <string>
 
 namespace {
-
-template <class Peer>
-void Accept(benchmark::State& state) {
-    Peer peer;
-    double number = 2.5;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(number);
-        bool isWritten = peer.Write(number);
-        benchmark::DoNotOptimize(isWritten);
-    }
-    if (peer.Read() != 2.5)
-        state.SkipWithError("the number was not stored");
-}
-
-template <class Peer>
-void Refuse(benchmark::State& state) {
-    Peer peer;
-    double number = 12.0;
-    bool isWritten = false;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(number);
-        isWritten = peer.Write(number);
-        benchmark::DoNotOptimize(isWritten);
-    }
-    if (isWritten || peer.Read() != 1.0)
-        state.SkipWithError("the number was not refused");
-}
 
 void RefuseAndExplain(benchmark::State& state) {
     OursBounded peer;

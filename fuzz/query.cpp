@@ -5,6 +5,7 @@
 #include "selexpr/IDataInterface.h"
 #include "selexpr/IRequest.h"
 #include "selexpr/explain.h"
+#include "selexpr/objects.h" // of the tests: the filter with a default property
 
 #include <cstdint>
 #include <cstdlib>
@@ -40,18 +41,6 @@ public:
     }
 };
 
-class AnyFilter : public IDataFilter {
-public:
-    using IDataFilter::IDataFilter;
-
-    bool NumericCondition(ConditionType& condition, ValueType& type, qzString& property,
-                          qzString& refusal) override {
-        if (property.empty())
-            property = "name";
-        return IDataFilter::NumericCondition(condition, type, property, refusal);
-    }
-};
-
 void Require(bool holds) {
     if (!holds)
         std::abort();
@@ -64,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     qzString const text(reinterpret_cast<char const*>(data), size);
     AnyData values;
-    AnyFilter filter(&values);
+    test::Filter filter(&values);
     std::unique_ptr<IRequest> const request(filter.Parse(text));
     if (!request) {
         Require(filter.GetError().position > 0 && filter.GetError().offset <= size);
