@@ -5,15 +5,18 @@
 #include "descriptor/EntityList2.h"
 #include "descriptor/EntityListBag.h"
 #include "descriptor/Metaobject.h"
+#include "descriptor/ScriptSession.h"
 #include "descriptor/Value.h"
 #include "descriptor/Version.h"
 #include "descriptor/qzSigSlotHandler.h"
 #include "store/Registry.h"
 #include "store/Session.h"
+#include "support/Threads.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <stdexcept>
 #include <vector>
 
 using namespace qzDescriptor;
@@ -147,6 +150,46 @@ TEST_F(Sessions, AreCopiedWithoutTheirEntitiesListenersAndPlace) {
     EXPECT_EQ(ended, std::vector<qzString>{"bare"});
     EXPECT_FALSE(other.SetCurrentSession("assigned"));
     EXPECT_FALSE(registry.SetCurrentSession("bare"));
+}
+
+TEST_F(Sessions, EndWhateverTheirListenersThrow) {
+    session->GetSigSlotHandler()->GetSessionDeletedSignal()->Connect(
+        [](qzString const&) { throw std::runtime_error("no"); });
+    registry.RemoveSession(session);
+    EXPECT_FALSE(registry.SetCurrentSession("s"));
+}
+
+TEST_F(Sessions, ListUnderItsTypeWhatAnApplicationGivesNone) {
+    class Untyped : public store::Session {
+    public:
+        using Session::Session;
+
+    protected:
+        void P_CollectAll(EntityList& out, EntityFullType const&, std::string const&) const override {
+            out = EntityList();
+            out.GetList() = {7};
+        }
+    };
+    auto* const untyped = new Untyped("untyped", &registry);
+    EntityListBag all;
+    EXPECT_EQ(untyped->GetAllEntities(all), 4u);
+    EXPECT_EQ(all.GetIdListCount(EntityFullType("Node")), 1u);
+}
+
+TEST(SessionsOnSeveralThreads, KeepTheirScriptsApart) {
+    RunThreads(4, [](unsigned int) {
+        store::Registry own;
+        ISession* const session = own.GetSession("s");
+        for (int i = 0; i < 1000; ++i) {
+            ScriptSessionScope const outer(session);
+            ScriptSessionScope const inner(nullptr);
+            ASSERT_EQ(GetScriptSession(), nullptr);
+            {
+                ScriptSessionScope const innermost(session);
+                ASSERT_EQ(GetScriptSession(), session);
+            }
+        }
+    });
 }
 
 TEST_F(Sessions, LetListenersOfTheirEndDoWhatTheyLike) {

@@ -270,6 +270,33 @@ TEST_F(Store, ListsATypeThatIsTheListsOwn) {
     EXPECT_EQ(session.Collect(list, list.GetEntityFullType(), "id = 1"), 1u);
 }
 
+TEST(StoreOfAnOddRegistry, RefusesWhatIsNoMetaclass) {
+    class Odd : public store::Registry {
+    public:
+        unsigned int GetMetaclassHandle(EntityFullType) const override { return answer; }
+        unsigned int answer = 0;
+    };
+    Odd registry;
+    registry.Insert("Plate", Version(), "", MetaclassMgr::CONFIG_USAGE_NONE, "");
+    Entity created;
+    for (unsigned int const handle : {99u, 2'000'000'000u, 0xFFFFFFFFu}) {
+        registry.answer = handle;
+        EXPECT_EQ(registry.GetSession("s")
+                      ->Create(EntityFullType("Plate"), created, Entity(), Identifier())
+                      .message,
+                  "There is no metaclass Plate.");
+    }
+}
+
+TEST(StoreOfAnOddRegistry, FindsNoMenuAboveAnUnnamedMetaclass) {
+    store::Registry registry;
+    unsigned int const unnamed = registry.Insert("", Version(), "", MetaclassMgr::CONFIG_USAGE_NONE, "");
+    unsigned int const plate = registry.Insert("Plate", Version(), "", MetaclassMgr::CONFIG_USAGE_NONE, "");
+    DataOperationList menu;
+    EXPECT_FALSE(registry.GetDataOperations(unnamed, menu));
+    EXPECT_FALSE(registry.GetDataOperations(plate, menu));
+}
+
 TEST_F(Store, FindsByNameAndAmongDescendants) {
     Entity laminate, found;
     ASSERT_EQ(session.Create(EntityFullType("Laminate"), laminate, Entity(), Identifier()).message, "");
