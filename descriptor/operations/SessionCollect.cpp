@@ -2,7 +2,7 @@
 #include "descriptor/EntityList.h"
 #include "descriptor/ISession.h"
 #include "descriptor/Metaobject.h"
-#include "operations/TypeQuery.h"
+#include "descriptor/ObjectQuery.h"
 
 #include <algorithm>
 
@@ -39,18 +39,16 @@ unsigned long long ISession::Collect(EntityList& out, EntityFullType const& give
     P_CollectAll(out, type, query);
     if (query.empty())
         return out.GetIdListCount();
-    TypeQuery const typeQuery(*this, type, query);
-    ui::selexpr::IRequest const* const request = typeQuery.GetRequest();
+    ObjectQuery const wanted(*this, type, query);
     bool const hasType = out.GetEntityFullType().IsValid();
     Entity entity(out.GetEntityFullType());
     KeepIf(out, [&](std::size_t i) {
-        if (request == nullptr)
+        if (!wanted.IsValid())
             return false;
         entity.GetIdRef() = out.GetList()[i];
         if (i < out.GetTopologyIndexList().size())
             entity.GetTopologyIndexRef() = out.GetTopologyIndexList()[i];
-        Metaobject const* const object = hasType ? GetMetaobject(entity) : nullptr;
-        return request->Matches(const_cast<Metaobject*>(object));
+        return wanted.Matches(hasType ? GetMetaobject(entity) : nullptr);
     });
     return out.GetIdListCount();
 }

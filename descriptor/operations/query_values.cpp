@@ -14,14 +14,7 @@ namespace {
 
 using namespace ui::selexpr;
 
-// How an element of each type stands in a condition. Unsigned numbers are taken as signed ones.
-void Put(Scalar& out, bool value) { out.SetBoolean(value); }
-void Put(Scalar& out, int value) { out.SetInteger(value); }
-void Put(Scalar& out, unsigned int value) { out.SetInteger(static_cast<int>(value)); }
-void Put(Scalar& out, float value) { out.SetFloat(value); }
-void Put(Scalar& out, double value) { out.SetDouble(value); }
-
-// And how it is handed on by name.
+// How an element of each type is handed on by name.
 void Put(qzVariant& out, bool value) { out.SetBoolean(value); }
 void Put(qzVariant& out, int value) { out.SetInteger(value); }
 void Put(qzVariant& out, unsigned int value) { out.SetLong64(static_cast<int>(value)); }
@@ -47,7 +40,7 @@ bool ReadNumber(ValuePtr const& value, Scalar& out, [[maybe_unused]] qzString& s
         number = scalar->m_value;
     else if (!value.GetValue(number, 0u, 0u))
         return false;
-    Put(out, number);
+    PutNumber(out, number);
     return true;
 }
 

@@ -6,6 +6,15 @@
 
 namespace qzDescriptor {
 
+// How a number of each type stands in a condition. Unsigned ones are taken as signed ones.
+inline void PutNumber(ui::selexpr::Scalar& out, bool value) { out.SetBoolean(value); }
+inline void PutNumber(ui::selexpr::Scalar& out, int value) { out.SetInteger(value); }
+inline void PutNumber(ui::selexpr::Scalar& out, unsigned int value) {
+    out.SetInteger(static_cast<int>(value));
+}
+inline void PutNumber(ui::selexpr::Scalar& out, float value) { out.SetFloat(value); }
+inline void PutNumber(ui::selexpr::Scalar& out, double value) { out.SetDouble(value); }
+
 /// What attributes of one type are to queries.
 struct QueryType {
     /// What may be written in a condition on them.

@@ -7,6 +7,7 @@
 #include "descriptor/Definition.h"
 #include "descriptor/Members.h"
 #include "descriptor/MetaclassMgr.h"
+#include "qzutl/qzFixedSizeAllocatorND.h"
 #include "store/Registry.h"
 #include "store/Session.h"
 
@@ -30,6 +31,17 @@ Object::Object(Population& population, unsigned int id, unsigned int place)
       m_place(place) {}
 
 Object::~Object() = default;
+
+namespace {
+
+using Pool = qzStaticPool<qzFixedSizeAllocatorND<Object>>;
+constinit Pool s_pool;
+Pool::Closer s_closer{s_pool};
+
+} // namespace
+
+void* Object::operator new([[maybe_unused]] std::size_t size) { return s_pool.Get().Allocate(); }
+void Object::operator delete(void* memory) { s_pool.Get().Release(memory); }
 
 EntityFullType Object::GetEntityFullType() const { return m_population->GetType(); }
 Entity Object::GetEntity() const { return Entity(m_population->GetType(), m_id); }

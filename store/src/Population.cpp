@@ -1,7 +1,5 @@
 #include "Population.h"
 
-#include "qzutl/qzStlVector.h"
-
 #include <algorithm>
 #include <iterator>
 #include <limits>
@@ -21,6 +19,7 @@ Object* Population::Find(unsigned int id) const {
 Object& Population::Add(unsigned int id) {
     auto const place = static_cast<unsigned int>(m_ids.size());
     m_objects.push_back(std::unique_ptr<Object>(new Object(*this, id, place)));
+    m_contents.push_back(m_objects.back()->m_content.get());
     m_ids.push_back(id);
     m_index.Insert(m_ids, place);
     m_highestId = std::max(m_highestId, id);
@@ -31,6 +30,7 @@ std::unique_ptr<Object> Population::Remove(Object const& object) {
     unsigned int const place = object.m_place;
     m_index.Remove(m_ids, m_ids[place]);
     m_ids[place] = 0;
+    m_contents[place] = nullptr;
     std::unique_ptr<Object> removed = std::move(m_objects[place]);
     if (++m_gone > m_ids.size() / 2)
         P_CloseGaps();
@@ -40,6 +40,7 @@ std::unique_ptr<Object> Population::Remove(Object const& object) {
 void Population::P_CloseGaps() {
     std::erase(m_ids, 0u);
     std::erase(m_objects, nullptr);
+    std::erase(m_contents, nullptr);
     for (std::size_t place = 0; place < m_objects.size(); ++place)
         m_objects[place]->m_place = static_cast<unsigned int>(place);
     m_index.Rebuild(m_ids);

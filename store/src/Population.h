@@ -1,7 +1,10 @@
 #pragma once
 
 #include "IdIndex.h"
+#include "descriptor/Content.h"
 #include "descriptor/EntityFullType.h"
+#include "qzutl/qzPrefetch.h"
+#include "qzutl/qzStlVector.h"
 #include "store/Object.h"
 
 #include <memory>
@@ -40,7 +43,39 @@ public:
         return nullptr;
     }
 
+    /// Lists the ids of those objects that a test of their content accepts. The attributes, given by their
+    /// handles, are those that the test reads.
+    template <class Test>
+    void ListIf(qzStlVector<unsigned int>& ids, std::vector<unsigned int> const& attributes,
+                Test&& test) const {
+        ids.clear();
+        auto const listIf = [&](std::size_t place) {
+            if (m_ids[place] != 0 && test(*m_contents[place], m_ids[place]))
+                ids.push_back(m_ids[place]);
+        };
+        std::size_t place = 0;
+        for (; !attributes.empty() && place + 3 * s_ahead < m_contents.size(); ++place) {
+            P_Prefetch(place, attributes);
+            listIf(place);
+        }
+        for (; place < m_contents.size(); ++place)
+            listIf(place);
+    }
+
 private:
+    static constexpr std::size_t s_ahead = 16; // so many objects are read while a piece of memory comes
+
+    // From a place to a value there are three steps, each of which leads to the next. They are taken ahead of
+    // time for three objects that come later, so that nobody waits for memory.
+    void P_Prefetch(std::size_t place, std::vector<unsigned int> const& attributes) const {
+        qzPrefetch(m_contents[place + 3 * s_ahead]);
+        if (Content const* const content = m_contents[place + 2 * s_ahead])
+            content->PrefetchValues();
+        if (Content const* const content = m_contents[place + s_ahead]) {
+            for (unsigned int const attribute : attributes)
+                content->PrefetchValue(attribute - 1);
+        }
+    }
     void P_CloseGaps();
 
     Session& m_session;
@@ -49,6 +84,7 @@ private:
     Members const* m_members;
     std::vector<unsigned int> m_ids; // 0 where the object is gone
     std::vector<std::unique_ptr<Object>> m_objects;
+    std::vector<Content const*> m_contents; // of the objects, for those who need no more
     IdIndex m_index;
     unsigned int m_gone = 0;
     unsigned int m_highestId = 0;

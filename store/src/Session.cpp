@@ -3,6 +3,7 @@
 #include "Population.h"
 #include "descriptor/EntityListBag.h"
 #include "descriptor/MetaclassMgr.h"
+#include "descriptor/ObjectQuery.h"
 #include "descriptor/qzSigSlotHandler.h"
 
 #include <algorithm>
@@ -184,6 +185,20 @@ void Session::P_CollectAll(EntityList& out, EntityFullType const& type,
     out.SetEntityFullType(listed);
     if (population != nullptr)
         population->List(out.GetList());
+}
+
+// Goes from content to content, where the base would look each object up by its entity.
+unsigned long long Session::Collect(EntityList& out, EntityFullType const& type,
+                                    std::string const& query) const {
+    Population const* const population = query.empty() ? nullptr : P_FindPopulation(type);
+    if (population == nullptr)
+        return ISession::Collect(out, type, query);
+    ObjectQuery const wanted(*this, population->GetType(), query);
+    out = EntityList();
+    out.SetEntityFullType(population->GetType());
+    population->ListIf(out.GetList(), wanted.GetAttributes(),
+                       [&](Content const& content, unsigned int id) { return wanted.Matches(content, id); });
+    return out.GetIdListCount();
 }
 
 unsigned long long Session::CollectInstances(EntityListBag& out, EntityFullType const& type,

@@ -125,7 +125,7 @@ ContentExtras& ContentPrivate::P_Extras() {
 
 // The bytes of a holder's class are not known here; those of the smallest one, beside its data, come close.
 std::size_t ContentPrivate::GetMemoryUsage() const {
-    std::size_t bytes = sizeof(ContentPrivate) + m_reach * sizeof(Holder);
+    std::size_t bytes = sizeof(ContentPrivate) + m_reach * sizeof(ValuePtr*);
     for (unsigned int index = 0; index < m_reach; ++index) {
         if (ValuePtr const* const own = P_FindOwn(index))
             bytes += sizeof(ValuePtr) + own->GetValueMemoryUsage();

@@ -5,18 +5,21 @@
 #include "registry/content/check_value.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qzDescriptor {
 
-ContentPrivate::ContentPrivate(ContentPrivate const& other)
-    : Content(other),
-      m_members(other.m_members),
-      m_holders(std::make_unique<Holder[]>(other.m_reach)),
-      m_reach(other.m_reach),
-      m_extras(other.m_extras ? std::make_unique<ContentExtras>(*other.m_extras) : nullptr) {
+// Delegates, so that what was copied is released when memory runs out on the way.
+ContentPrivate::ContentPrivate(ContentPrivate const& other) : ContentPrivate(*other.m_members) {
+    if (other.m_extras)
+        m_extras = std::make_unique<ContentExtras>(*other.m_extras);
+    if (other.m_reach == 0)
+        return;
+    m_own = new ValuePtr*[other.m_reach]();
+    m_reach = other.m_reach;
     for (unsigned int index = 0; index < m_reach; ++index) {
         if (ValuePtr const* const own = other.P_FindOwn(index))
-            m_holders[index].reset(own->Clone());
+            m_own[index] = own->Clone();
     }
 }
 
@@ -107,13 +110,15 @@ Value ContentPrivate::P_CopyValue(unsigned int index) const {
 
 bool ContentPrivate::Reset(unsigned int index) {
     if (index < m_reach)
-        m_holders[index].reset();
+        ValuePtr::Destroy(std::exchange(m_own[index], nullptr));
     return P_Exists(index);
 }
 
 void ContentPrivate::ClearAll() {
+    for (unsigned int index = 0; index < m_reach; ++index)
+        ValuePtr::Destroy(m_own[index]);
+    delete[] std::exchange(m_own, nullptr);
     m_reach = 0;
-    m_holders.reset();
 }
 
 // A number that is set already is found and tested, and that is all: nothing here may slow that down.
@@ -144,27 +149,27 @@ bool ContentPrivate::P_WriteAnew(unsigned int index, T const& value, Definition 
 QZ_NUMBER_TYPES(QZ_WRITE)
 #undef QZ_WRITE
 
-ContentPrivate::Holder& ContentPrivate::P_Place(unsigned int index) {
+ValuePtr*& ContentPrivate::P_Place(unsigned int index) {
     if (index >= m_reach) {
         // An object that is filled attribute by attribute grows a few times, and never beyond its attributes.
         constexpr unsigned int least = 3; // what fits into the smallest piece of memory there is
         unsigned int const reach = std::min(std::max({index + 1, 2 * m_reach, least}), GetCount());
-        auto holders = std::make_unique<Holder[]>(reach);
-        std::move(m_holders.get(), m_holders.get() + m_reach, holders.get());
-        m_holders = std::move(holders);
+        auto* const own = new ValuePtr*[reach]();
+        std::copy_n(m_own, m_reach, own);
+        delete[] std::exchange(m_own, own);
         m_reach = reach;
     }
-    return m_holders[index];
+    return m_own[index];
 }
 
 void ContentPrivate::P_Store(unsigned int index, Value&& value) {
-    Holder& place = P_Place(index);
+    ValuePtr*& place = P_Place(index);
     Value taken(std::move(value)); // a clone of what others manage
     DisplayStatus const carried = taken.GetDisplayStatus();
     if (carried != DS_DEFAULT && carried != GetDisplayStatus(index))
         P_Extras().attributes[index].displayStatus = carried;
     taken.SetDisplayStatus(GetDisplayStatus(index));
-    place.reset(taken.Release());
+    ValuePtr::Destroy(std::exchange(place, taken.Release()));
 }
 
 } // namespace qzDescriptor

@@ -14,6 +14,7 @@ class ContentPrivate final : public Content {
 public:
     explicit ContentPrivate(Members const& members) : m_members(&MembersPrivate::Of(members)) {}
     ContentPrivate(ContentPrivate const& other);
+    ~ContentPrivate() override { ContentPrivate::ClearAll(); }
 
     static void* operator new(std::size_t size) { return HolderPool<ContentPrivate>::Allocate(size); }
     static void operator delete(void* memory, std::size_t size) {
@@ -67,11 +68,6 @@ public:
     std::size_t GetMemoryUsage() const override;
 
 private:
-    struct End {
-        void operator()(ValuePtr* holder) const { ValuePtr::Destroy(holder); }
-    };
-    using Holder = std::unique_ptr<ValuePtr, End>;
-
 #define QZ_TRY_SET(T, ...)                                                                                   \
     bool P_TrySet(unsigned int index, T const& value) override { return P_Write(index, value); }
     QZ_NUMBER_TYPES(QZ_TRY_SET)
@@ -82,12 +78,8 @@ private:
     bool P_WriteAnew(unsigned int index, T const& value, Definition const& definition);
 
     bool P_Exists(unsigned int index) const { return GetDefinition(index) != nullptr; }
-    /// Null for an attribute at its default.
-    ValuePtr* P_FindOwn(unsigned int index) const {
-        return index < m_reach ? m_holders[index].get() : nullptr;
-    }
     /// The place for a holder of an attribute that exists.
-    Holder& P_Place(unsigned int index);
+    ValuePtr*& P_Place(unsigned int index);
     /// What is set, or the default, without a display status; empty where there is no value.
     Value P_CopyValue(unsigned int index) const;
     /// Sets an attribute that exists, without a check.
@@ -105,8 +97,6 @@ private:
     std::shared_ptr<TabularDefinition const> P_Manage(TabularDefinition const& definition);
 
     MembersPrivate const* m_members;
-    std::unique_ptr<Holder[]> m_holders;
-    unsigned int m_reach = 0; // the length of the array
     std::unique_ptr<ContentExtras> m_extras;
 };
 

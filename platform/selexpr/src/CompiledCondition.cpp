@@ -173,25 +173,11 @@ std::optional<Refusal> CompiledCondition::P_AddRegex(Literal const& literal) {
     return std::nullopt;
 }
 
-bool CompiledCondition::Accepts(Scalar const& value) const {
-    switch (value.GetKind()) {
-    case Scalar::KIND_INTEGER:
-        return m_numbers.Contains(value.GetInteger());
-    case Scalar::KIND_DOUBLE:
-        return m_numbers.Contains(value.GetDouble());
-    case Scalar::KIND_FLOAT:
-        return m_numbers.Contains(value.GetFloat());
-    case Scalar::KIND_BOOLEAN:
-        return m_booleans[value.GetBoolean() ? 1 : 0];
-    case Scalar::KIND_TEXT:
-        break;
-    case Scalar::KIND_NONE:
-        return false;
-    }
+bool CompiledCondition::P_AcceptsText(std::string_view text) const {
+    if (m_texts.Contains(text))
+        return true;
     Number number;
-    return m_texts.Contains(value.GetText()) ||
-           (!m_textNumbers.IsEmpty() && ReadNumber(value.GetText(), number) &&
-            m_textNumbers.Contains(number));
+    return !m_textNumbers.IsEmpty() && ReadNumber(text, number) && m_textNumbers.Contains(number);
 }
 
 bool CompiledCondition::AcceptsByRegex(Scalar const& value) const {

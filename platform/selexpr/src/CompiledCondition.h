@@ -59,7 +59,23 @@ public:
     void SetReader(IProperty const* reader) { m_reader = reader; }
     IProperty const* GetReader() const { return m_reader; }
 
-    bool Accepts(Scalar const& value) const;
+    bool Accepts(Scalar const& value) const {
+        switch (value.GetKind()) {
+        case Scalar::KIND_INTEGER:
+            return m_numbers.Contains(value.GetInteger());
+        case Scalar::KIND_DOUBLE:
+            return m_numbers.Contains(value.GetDouble());
+        case Scalar::KIND_FLOAT:
+            return m_numbers.Contains(value.GetFloat());
+        case Scalar::KIND_BOOLEAN:
+            return m_booleans[value.GetBoolean() ? 1 : 0];
+        case Scalar::KIND_TEXT:
+            return P_AcceptsText(value.GetText());
+        case Scalar::KIND_NONE:
+            break;
+        }
+        return false;
+    }
     bool AcceptsByRegex(Scalar const& value) const;
 
     qzString Write() const;
@@ -72,6 +88,7 @@ private:
     std::optional<Refusal> P_AddRegex(Literal const& literal);
     void P_AddToNumbers(Literal const& literal, Bound const& low, Bound const& high);
     bool P_IsOneSided() const;
+    bool P_AcceptsText(std::string_view text) const;
 
     IProperty const* m_reader = nullptr;
     NumberSet m_numbers;     ///< what numbers are compared with

@@ -3,8 +3,7 @@
 #include "Number.h"
 #include "Parser.h"
 #include "ascii.h"
-
-#include <cmath>
+#include "holds.h"
 
 namespace ui::selexpr {
 
@@ -12,11 +11,6 @@ namespace {
 
 CompiledCondition const& Compiled(Condition const& condition) {
     return static_cast<CompiledCondition const&>(condition);
-}
-
-bool IsNan(Scalar const& value) {
-    return (value.GetKind() == Scalar::KIND_DOUBLE && std::isnan(value.GetDouble())) ||
-           (value.GetKind() == Scalar::KIND_FLOAT && std::isnan(value.GetFloat()));
 }
 
 } // namespace
@@ -82,20 +76,7 @@ bool IDataFilter::MatchSpecific(void* object, Condition const& condition) const 
 bool IDataFilter::GetValueSpecific(void*, qzString const&, Scalar&, qzString&) const { return false; }
 
 bool IDataFilter::P_Holds(Scalar const& value, Condition const& condition) const {
-    if (value.IsEmpty() || IsNan(value))
-        return false;
-    bool matches = false;
-    switch (condition.GetConditionType()) {
-    case CONDITION_RANGE:
-        matches = MatchingRange(value, condition);
-        break;
-    case CONDITION_REGEX:
-        matches = MatchingRegex(value, condition);
-        break;
-    default:
-        matches = Matching(value, condition);
-    }
-    return matches != condition.IsNegated();
+    return Holds(*this, value, condition);
 }
 
 } // namespace ui::selexpr

@@ -93,6 +93,8 @@ public:
     }
 
     bool Contains(T value) const {
+        if (m_intervals.size() == 1)
+            return m_intervals.front().low <= value && value <= m_intervals.front().high;
         auto const above = std::ranges::upper_bound(m_intervals, value, {}, &Interval<T>::low);
         return above != m_intervals.begin() && value <= (above - 1)->high;
     }

@@ -27,7 +27,7 @@ public:
         std::vector<std::unique_ptr<IProperty>> properties; ///< what the conditions read with
     };
 
-    Request(IDataFilter const& filter, Parts parts) : m_filter(filter), m_parts(std::move(parts)) {}
+    Request(IDataFilter const& filter, Parts parts);
 
     bool Matches(void* object) const override;
 
@@ -35,12 +35,22 @@ public:
     qzString Write() const;
 
 private:
+    /// A condition, and where its answer leads: to another step, or to an end, which has no condition.
+    struct Step {
+        CompiledCondition const* condition;
+        Step const* next[2]; ///< on false and on true
+    };
+
     /// An object, and where the text lies that was read from it last.
     struct Subject {
         void* object;
         qzString scratch = {};
     };
 
+    static constexpr Step s_false = {};
+    static constexpr Step s_true = {};
+
+    void P_AddSteps(Node const& node, Step const* onFalse, Step const* onTrue);
     bool P_Evaluate(Node const& node, Subject& subject) const;
     bool P_Test(CompiledCondition const& condition, Subject& subject) const;
     void P_Explain(Node const& node, Subject& subject, Explanation& explanation) const;
@@ -49,6 +59,7 @@ private:
 
     IDataFilter const& m_filter;
     Parts m_parts;
+    std::vector<Step> m_steps; ///< the conditions of the tree in their order, as a way through them
 };
 
 } // namespace ui::selexpr

@@ -30,13 +30,18 @@ qzString TextSet::P_Fold(std::string_view text) {
 void TextSet::Seal() {
     std::ranges::sort(m_equal);
     std::ranges::sort(m_exact);
+    m_hasOnlyPatterns = m_equal.empty() && m_exact.empty() && m_parts.empty() && m_sides.empty();
 }
 
 bool TextSet::Contains(std::string_view text) const {
-    auto const matches = [text](Wildcard const& pattern) { return pattern.Matches(text); };
+    return std::ranges::any_of(m_patterns, [text](Wildcard const& each) { return each.Matches(text); }) ||
+           (!m_hasOnlyPatterns && P_ContainsByText(text));
+}
+
+bool TextSet::P_ContainsByText(std::string_view text) const {
     auto const isPart = [text](qzString const& part) { return HasPart(text, part); };
     auto const isOnSide = [text](Half const& half) { return half.Contains(text); };
-    return std::ranges::any_of(m_patterns, matches) || IsAmong(m_equal, text) ||
+    return IsAmong(m_equal, text) ||
            std::ranges::binary_search(m_exact, text, std::less<std::string_view>()) ||
            std::ranges::any_of(m_parts, isPart) || std::ranges::any_of(m_sides, isOnSide);
 }

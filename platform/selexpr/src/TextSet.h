@@ -31,12 +31,14 @@ private:
     };
 
     static qzString P_Fold(std::string_view text);
+    bool P_ContainsByText(std::string_view text) const;
 
     std::vector<Wildcard> m_patterns;
     std::vector<qzString> m_equal; ///< sorted, as m_exact is
     std::vector<qzString> m_exact;
     std::vector<qzString> m_parts;
     std::vector<Half> m_sides;
+    bool m_hasOnlyPatterns = true;
 };
 
 } // namespace ui::selexpr

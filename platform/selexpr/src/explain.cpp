@@ -40,6 +40,19 @@ bool NeedsBrackets(Node const& part, Node::Kind around) {
 
 } // namespace
 
+/// Of a part alone.
+bool Request::P_Evaluate(Node const& node, Subject& subject) const {
+    if (node.kind == Node::Kind::Condition)
+        return P_Test(m_parts.conditions[node.condition], subject);
+    if (node.kind == Node::Kind::Not)
+        return !P_Evaluate(FirstPart(node), subject);
+    bool const decisive = node.kind == Node::Kind::Or;
+    for (Node const& part : PartsOf(node))
+        if (P_Evaluate(part, subject) == decisive)
+            return decisive;
+    return !decisive;
+}
+
 Explanation Request::Explain(void* object) const {
     Explanation explanation;
     Subject subject{object};

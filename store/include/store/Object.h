@@ -50,6 +50,10 @@ public:
 
     ~Object() override;
 
+    // Objects lie side by side, and what they hold does too.
+    static void* operator new(std::size_t size);
+    static void operator delete(void* memory);
+
 protected:
     bool P_SetAllowables(Identifier const& attribute, Allowables const& allowables) override;
     bool P_GetActionData(Identifier const& action, ActionDefinition& definition) const override;

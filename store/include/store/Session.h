@@ -46,6 +46,9 @@ public:
                           Identifier const& ownerAttribute) const override;
     bool GetOwner(Entity const& entity, Entity& owner, Identifier& ownerAttribute) const override;
 
+    /// As that of the base, and faster: values are read as they lie, without GetMetaobject.
+    unsigned long long Collect(EntityList& out, EntityFullType const& type,
+                               std::string const& query) const override;
     /// Puts what a query finds of a type and of all types that descend from it into the bag, a list for each;
     /// returns how many they are.
     unsigned long long CollectInstances(EntityListBag& out, EntityFullType const& type,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "qzutl/qzLargePages.h"
 #include "qzutl/qzMallocAllocator.h"
 #include "qzutl/qzSimpleMutex.h"
 
@@ -108,6 +109,7 @@ private:
     [[gnu::noinline, gnu::cold]] void P_AddBlock() {
         std::size_t const count = P_NextBlockSize();
         char* const memory = Backing::Allocate(s_headerSize + count * s_slotSize);
+        qzPreferLargePages(memory, s_headerSize + count * s_slotSize);
         m_blocks = ::new (static_cast<void*>(memory)) Block{m_blocks};
         m_unused = memory + s_headerSize;
         m_unusedEnd = m_unused + count * s_slotSize;

@@ -1,0 +1,141 @@
+#include "operations/TypeDataInterface.h"
+
+#include "descriptor/Content.h"
+#include "descriptor/DataTypeUtils.h"
+#include "descriptor/Entity.h"
+#include "descriptor/ISession.h"
+#include "descriptor/Identifier.h"
+#include "descriptor/MetaclassMgr.h"
+#include "descriptor/Metaobject.h"
+#include "descriptor/ScalarStorage.h"
+#include "operations/query_values.h"
+
+namespace qzDescriptor {
+
+using namespace ui::selexpr;
+
+namespace {
+
+QuerySubject const& AsSubject(void* subject) { return *static_cast<QuerySubject const*>(subject); }
+
+class IdProperty : public IProperty {
+public:
+    bool Read(void* given, Scalar& value, [[maybe_unused]] qzString& scratch) const override {
+        QuerySubject const& subject = AsSubject(given);
+        if (subject.content != nullptr)
+            value.SetInteger(subject.id);
+        else if (subject.object != nullptr)
+            value.SetInteger(subject.object->GetEntity().GetId());
+        return !value.IsEmpty();
+    }
+};
+
+/// Reads by handle and in place. An object whose own definition of the attribute has another type than that
+/// of the metaclass is read by that one.
+class AttributeProperty : public IProperty {
+public:
+    AttributeProperty(unsigned int attribute, QueryType const& type, std::unique_ptr<IProperty> byName)
+        : m_attribute(attribute), m_read(type.read), m_byName(std::move(byName)) {}
+
+    bool Read(void* given, Scalar& value, qzString& scratch) const override {
+        QuerySubject const& subject = AsSubject(given);
+        if (subject.content != nullptr)
+            return P_Read(*subject.content, value, scratch);
+        ValuePtr const* held = nullptr;
+        if (subject.object != nullptr && subject.object->GetValue(m_attribute, held) && held != nullptr &&
+            m_read(*held, value, scratch))
+            return true;
+        return m_byName->Read(given, value, scratch);
+    }
+
+protected:
+    /// What the content, if there is one, has set for the attribute.
+    ValuePtr const* P_FindOwn(void* given) const {
+        Content const* const content = AsSubject(given).content;
+        return content != nullptr ? content->FindOwnValue(m_attribute - 1) : nullptr;
+    }
+
+private:
+    bool P_Read(Content const& content, Scalar& value, qzString& scratch) const {
+        ValuePtr const* const held = content.FindValue(m_attribute - 1);
+        if (held == nullptr || m_read(*held, value, scratch))
+            return held != nullptr;
+        auto* const read = GetQueryType(content.GetDefinition(m_attribute - 1)).read;
+        return read != nullptr && read(*held, value, scratch);
+    }
+
+    unsigned int m_attribute;
+    decltype(QueryType::read) m_read;
+    std::unique_ptr<IProperty> m_byName;
+};
+
+/// A number of a content that has it set is read at once.
+template <class T>
+class NumberProperty final : public AttributeProperty {
+public:
+    using AttributeProperty::AttributeProperty;
+
+    bool Read(void* given, Scalar& value, qzString& scratch) const override {
+        if (ValuePtr const* const own = P_FindOwn(given)) {
+            if (auto const* const scalar = ScalarStorage<T>::Of(own)) {
+                PutNumber(value, scalar->m_value);
+                return true;
+            }
+        }
+        return AttributeProperty::Read(given, value, scratch);
+    }
+};
+
+/// An attribute that has no value for queries unless the object's own definition says so.
+bool ReadNothing(ValuePtr const&, Scalar&, qzString&) { return false; }
+
+std::unique_ptr<IProperty> MakeProperty(unsigned int attribute, Definition const* definition,
+                                        std::unique_ptr<IProperty> byName) {
+    QueryType type = GetQueryType(definition);
+    if (type.read == nullptr)
+        type.read = ReadNothing;
+    auto const make = [&]<class Property>() {
+        return std::make_unique<Property>(attribute, type, std::move(byName));
+    };
+    switch (DataTypeUtils::GetValueDataType(definition)) {
+    case DT_BOOL:
+        return make.template operator()<NumberProperty<bool>>();
+    case DT_DOUBLE:
+        return make.template operator()<NumberProperty<double>>();
+    case DT_FLOAT:
+        return make.template operator()<NumberProperty<float>>();
+    case DT_INT:
+        return make.template operator()<NumberProperty<int>>();
+    case DT_UINT:
+        return make.template operator()<NumberProperty<unsigned int>>();
+    default:
+        return make.template operator()<AttributeProperty>();
+    }
+}
+
+} // namespace
+
+TypeDataInterface::TypeDataInterface(ISession const& session, EntityFullType const& type)
+    : m_registry(session.GetMetaclassMgr()),
+      m_metaclass(m_registry != nullptr ? m_registry->GetMetaclassHandle(type) : 0) {}
+
+bool TypeDataInterface::GetValue(void* subject, qzString const& property, qzVariant& out) {
+    return DataInterface::GetValue(const_cast<Metaobject*>(AsSubject(subject).object), property, out);
+}
+
+std::unique_ptr<IProperty> TypeDataInterface::Bind(qzString const& property) {
+    if (IsIdProperty(property))
+        return std::make_unique<IdProperty>();
+    auto byName = DataInterface::Bind(property);
+    unsigned int const attribute =
+        m_registry != nullptr ? m_registry->FindAttributeHandle(m_metaclass, Identifier(property), 0, true)
+                              : 0;
+    if (attribute == 0) {
+        m_unknown.push_back(property);
+        return byName;
+    }
+    m_attributes.push_back(attribute);
+    return MakeProperty(attribute, m_registry->GetDefinition(m_metaclass, attribute, 0), std::move(byName));
+}
+
+} // namespace qzDescriptor
