@@ -46,19 +46,6 @@ qzStlVector<EntityFullType> GetTypes(EntityListBag const& bag) {
 
 // ---- lists by type ----
 
-TEST(EntityListBag, KeepsOneListForEachType) {
-    EntityListBag bag;
-    EXPECT_TRUE(bag.IsEmpty());
-    EXPECT_TRUE(bag.SetList(MakeList(s_grid, {1, 2})));
-    EXPECT_TRUE(bag.SetList(MakeList(s_element, {3})));
-    EXPECT_TRUE(bag.SetList(MakeList(s_grid, {4})));
-    EXPECT_FALSE(bag.IsEmpty());
-    EXPECT_EQ(bag.GetEntityFullTypeListCount(), 2U);
-    EXPECT_EQ(bag.GetList(s_grid), MakeList(s_grid, {4}));
-    EXPECT_EQ(bag.GetIdListCount(s_element), 1U);
-    EXPECT_THAT(GetTypes(bag), UnorderedElementsAre(s_grid, s_element));
-}
-
 TEST(EntityListBag, TellsTypesApartByEveryPartButTheTopologyKind) {
     EntityFullType const types[] = {
         EntityFullType(1),   EntityFullType(102),     EntityFullType(1, 1),     EntityFullType(1, "s"),
@@ -178,20 +165,6 @@ TEST(EntityListBag, TakesListsOfItsOwnAsArguments) {
 }
 
 // ---- order ----
-
-TEST(EntityListBag, WalksItsListsInTheOrderOfItsTypes) {
-    EntityListBag bag(16);
-    EXPECT_EQ(bag.begin(), bag.end());
-    for (unsigned int i = 500; i > 0; --i)
-        bag.SetList(MakeList(i % 2 == 0 ? EntityFullType(i) : EntityFullType(std::to_string(i)), {i}));
-    qzStlVector<EntityFullType> walked;
-    for (EntityList const& list : bag)
-        walked.push_back(list.GetEntityFullType());
-    EXPECT_EQ(walked, GetTypes(bag));
-    EXPECT_EQ(walked.size(), 500U);
-    EXPECT_EQ(&*bag.begin(), &std::as_const(bag).GetList(walked[0]));
-    EXPECT_EQ(bag.begin()->GetEntityFullType(), walked[0]);
-}
 
 TEST(EntityListBag, GoesByTheHashOfTheTypeAndThenByInsertion) {
     EntityListBag const bag = MakeBag({MakeList(EntityFullType(205), {}), MakeList(EntityFullType(104), {}),

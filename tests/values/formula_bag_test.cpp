@@ -3,13 +3,13 @@
 #include "descriptor/Formula.h"
 #include "descriptor/FormulaBag.h"
 #include "support/Random.h"
+#include "support/Threads.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <atomic>
-#include <functional>
 #include <map>
 #include <thread>
 #include <vector>
@@ -184,17 +184,6 @@ TEST(FormulaBag, IsEqualToBagsOfTheSameFormulasInAnyOrder) {
     EXPECT_NE(first, second) << "as many, but another type";
 }
 
-TEST(FormulaBag, FindsNothingAfterItsLastFormulaIsGoneAndTakesNewOnes) {
-    FormulaBag bag;
-    for (int round = 0; round < 3; ++round) {
-        for (unsigned int i = 0; i < 100; ++i)
-            bag.SetFormula(MakeFormula(MakeType(i), {i}));
-        for (unsigned int i = 0; i < 100; ++i)
-            EXPECT_TRUE(bag.RemoveFormula(MakeType(i)));
-        EXPECT_EQ(bag, FormulaBag());
-    }
-}
-
 // ---- several threads ----
 
 /// A formula that shows when it was put together from two: its ids are all the same.
@@ -239,18 +228,10 @@ bool Work(Random& random, unsigned int step, FormulaBag& mine, FormulaBag& yours
     }
 }
 
-void RunThreads(std::function<void(unsigned int)> const& body) {
-    std::vector<std::thread> threads;
-    for (unsigned int i = 0; i < 4; ++i)
-        threads.emplace_back(body, i);
-    for (std::thread& thread : threads)
-        thread.join();
-}
-
 TEST(FormulaBag, IsSharedByThreadsThatWorkOnTwoBagsInEitherOrder) {
     FormulaBag bags[2];
     std::atomic<unsigned int> damage = 0;
-    RunThreads([&](unsigned int thread) {
+    RunThreads(4, [&](unsigned int thread) {
         Random random(thread);
         for (unsigned int step = 0; step < 2000; ++step)
             damage += !Work(random, step, bags[thread % 2], bags[random.Below(2)]);
@@ -264,7 +245,7 @@ TEST(FormulaBag, IsSharedByThreadsThatWorkOnTwoBagsInEitherOrder) {
 TEST(FormulaBag, IsComparedByThreadsInEitherOrder) {
     FormulaBag bags[2]; // empty: the locks are all that takes time
     std::atomic<unsigned int> unequal = 0;
-    RunThreads([&](unsigned int thread) {
+    RunThreads(4, [&](unsigned int thread) {
         for (unsigned int step = 0; step < 200000; ++step)
             unequal += !(bags[thread % 2] == bags[1 - thread % 2]);
     });
@@ -276,7 +257,7 @@ TEST(FormulaBag, ShowsEveryThreadEitherTheOldFormulaOrTheNewOne) {
     for (unsigned int i = 0; i < s_sharedTypes; ++i)
         bag.SetFormula(MakeUniform(MakeType(i), 0));
     std::atomic<unsigned int> damage = 0;
-    RunThreads([&](unsigned int thread) {
+    RunThreads(4, [&](unsigned int thread) {
         for (unsigned int step = 0; step < 1000; ++step) {
             EntityFullType const type = MakeType((step + thread) % s_sharedTypes);
             Formula formula;

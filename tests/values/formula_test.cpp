@@ -120,14 +120,6 @@ TEST(Clause, CountsUpToTheLastId) {
     EXPECT_FALSE(applicable);
 }
 
-TEST(Formula, StrictEvaluationEndsAtARangeThatExcludesTheId) {
-    Formula formula(s_grid);
-    formula.PushBackClause(Clause::FromIdList({5}), s_grid, true);
-    formula.PushBackClause(Clause::FromIdRange(1, 3), s_grid, false);
-    EXPECT_FALSE(formula.IsIdWithin(5, false));
-    EXPECT_TRUE(formula.IsIdWithin(5, true));
-}
-
 TEST(Formula, WithoutClausesSelectsNothing) {
     EXPECT_FALSE(Formula().IsIdWithin(0, true));
     EXPECT_FALSE(Formula(s_grid).IsIdWithin(0, true));
@@ -257,24 +249,6 @@ TEST(Formula, EditsItsEntriesAsAVectorWould) {
             ASSERT_NO_FATAL_FAILURE(ExpectEntries(formula, model)) << "round " << round << ", edit " << edit;
         }
     }
-}
-
-TEST(Formula, InsertionNeverAppends) {
-    Formula formula(s_grid);
-    formula.InsertClause(0, Clause::FromIdList({1}), s_grid, true);
-    EXPECT_EQ(formula.GetClauseCount(), 0U);
-    formula.PushBackClause(Clause::FromIdList({1}), s_grid, true);
-    formula.InsertClause(1, Clause::FromIdList({2}), s_grid, true);
-    EXPECT_EQ(formula.GetClauseCount(), 1U);
-}
-
-TEST(Formula, RemovalBackwardsTakesOneEntry) {
-    Formula formula(s_grid);
-    for (unsigned int id = 0; id < 4; ++id)
-        formula.PushBackClause(Clause::FromIdList({id}), s_grid, true);
-    formula.RemoveClauses(2, 1);
-    EXPECT_EQ(formula.GetClauseCount(), 3U);
-    EXPECT_EQ(formula.GetClauseReference(2), Clause::FromIdList({3}));
 }
 
 TEST(Formula, OfNoTypeTakesNoClauses) {

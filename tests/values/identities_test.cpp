@@ -123,23 +123,6 @@ TEST(Identifier, EqualIdentifiersHaveEqualHashes) {
     });
 }
 
-TEST(Identifier, EqualityIsNotTransitive) {
-    Identifier const anyRow("T");
-    Identifier const row3("T", 0, 3, 4);
-    Identifier const row4("T", 0, 4, 4);
-    EXPECT_EQ(row3, anyRow);
-    EXPECT_EQ(anyRow, row4);
-    EXPECT_NE(row3, row4);
-}
-
-TEST(Identifier, KeysOfDifferentKindsAreUnordered) {
-    Identifier const number(7);
-    Identifier const name("T");
-    EXPECT_FALSE(number < name);
-    EXPECT_FALSE(name < number);
-    EXPECT_FALSE(Identifier() < Identifier());
-}
-
 TEST(Identifier, DefaultStandsInRowAndColumnZero) {
     Identifier const none;
     EXPECT_FALSE(none.IsValid());
