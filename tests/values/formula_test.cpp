@@ -3,6 +3,7 @@
 #include "descriptor/EntityFullType.h"
 #include "descriptor/Formula.h"
 #include "descriptor/Function.h"
+#include "support/ExpectDistinct.h"
 #include "support/Random.h"
 
 #include <gtest/gtest.h>
@@ -143,13 +144,7 @@ std::vector<Clause> MakeDistinctClauses() {
             Clause::FromColor(Color(0, 0, 3))};
 }
 
-TEST(Clause, IsEqualToItsCopiesAlone) {
-    auto const clauses = MakeDistinctClauses();
-    auto const copies = clauses;
-    for (std::size_t i = 0; i < clauses.size(); ++i)
-        for (std::size_t j = 0; j < clauses.size(); ++j)
-            EXPECT_EQ(clauses[i] == copies[j], i == j) << i << ' ' << j;
-}
+TEST(Clause, IsEqualToItsCopiesAlone) { ExpectDistinct(MakeDistinctClauses()); }
 
 TEST(Clause, AnswersOnlyForItsOwnKind) {
     unsigned int start = 9, end = 9, step = 9;
@@ -315,13 +310,7 @@ std::vector<Formula> MakeDistinctFormulas() {
     return formulas;
 }
 
-TEST(Formula, IsEqualToItsCopiesAlone) {
-    auto const formulas = MakeDistinctFormulas();
-    auto const copies = formulas;
-    for (std::size_t i = 0; i < formulas.size(); ++i)
-        for (std::size_t j = 0; j < formulas.size(); ++j)
-            EXPECT_EQ(formulas[i] == copies[j], i == j) << i << ' ' << j;
-}
+TEST(Formula, IsEqualToItsCopiesAlone) { ExpectDistinct(MakeDistinctFormulas()); }
 
 TEST(Formula, KeepsTheTopologyKindOfEverySourceButComparesWithoutIt) {
     EntityFullType const faces(EntityFullType::TopologyType{2}, "GRID", 0U);
@@ -381,10 +370,7 @@ TEST(Function, IsEqualToItsCopiesAlone) {
         Function(Function::Usage{1}, &targets[1], "f"),
         Function(Function::Usage{1}, "f", &targets[0], "f"),
     };
-    auto const copies = functions;
-    for (std::size_t i = 0; i < functions.size(); ++i)
-        for (std::size_t j = 0; j < functions.size(); ++j)
-            EXPECT_EQ(functions[i] == copies[j], i == j) << i << ' ' << j;
+    ExpectDistinct(functions);
 }
 
 } // namespace
