@@ -44,12 +44,14 @@ protected:
             ASSERT_EQ(table.GetBasicType(c), column.basic);
             ASSERT_EQ(table.GetCompoundType(c), column.compound);
             ASSERT_EQ(table.GetEntityListType(c), column.entityType);
+            ASSERT_TRUE(!column.entityType.IsValid() || table.HasThisEntityListType(column.entityType));
             Value cell;
             std::vector<std::string> cells;
             for (unsigned int row = 0; table.GetCellValue(row, c, cell); ++row)
                 cells.push_back(CellText(cell));
             ASSERT_EQ(cells, column.cells) << "column " << c;
         }
+        ASSERT_FALSE(table.HasThisEntityListType(EntityFullType("no such")));
     }
 
     Store m_store;
@@ -99,38 +101,6 @@ TYPED_TEST_P(TableContract, ColumnsAnswerToTheirOwnTypeAndRefuseEveryOther) {
     });
 }
 
-TYPED_TEST_P(TableContract, ShorterColumnsAreFilledUpAndLongerOnesLengthenTheTable) {
-    Tabular table = this->MakeTable({1, 2, 3, 4, 5});
-    table.InsertColumn(qzStlVector<qzString>{"a", "b", "c"}, 9);
-    EXPECT_EQ(table.GetRowCount(), 5u);
-    qzStlVector<qzString> texts;
-    EXPECT_EQ(table.GetColumn(1, texts), 0);
-    EXPECT_EQ(texts, (qzStlVector<qzString>{"a", "b", "c", "", ""}));
-    EXPECT_TRUE(table.SetColumn(1, qzStlVector<qzString>(7, "z")));
-    EXPECT_EQ(this->Read(table), (qzStlVector<double>{1, 2, 3, 4, 5, 0, 0}));
-    table.InsertColumn(qzStlVector<int>{8, 9}, 0);
-    EXPECT_EQ(this->Read(table, 1), (qzStlVector<double>{1, 2})) << "the first column gives the length";
-}
-
-TYPED_TEST_P(TableContract, EntitiesSetTheNumberOfRows) {
-    Tabular table = this->MakeTable({1, 2, 3, 4, 5});
-    EXPECT_EQ(table.InsertColumn(BT_CHAR, CT_ENTITY, EntityFullType("GRID"), 1), 2u);
-    EXPECT_EQ(table.GetBasicType(1), BT_UINT);
-    EXPECT_TRUE(table.HasThisEntityListType(EntityFullType("GRID")));
-    EXPECT_FALSE(table.HasThisEntityListType(EntityFullType("CBAR")));
-    EXPECT_FALSE(table.HasThisEntityListType(EntityFullType()));
-    EXPECT_FALSE(table.SetColumn(1, EntityList(EntityFullType(), {1, 2}, {})));
-    EXPECT_FALSE(table.SetColumn(0, this->Grids({1, 2})));
-    EXPECT_EQ(table.GetRowCount(), 5u);
-    EXPECT_TRUE(table.SetColumn(1, this->Grids({7, 8})));
-    EXPECT_EQ(this->Read(table), (qzStlVector<double>{1, 2}));
-
-    Value const bar(Entity(EntityFullType("CBAR"), 4));
-    EXPECT_FALSE(table.SetCellValue(0, 1, bar)) << "another type of entities";
-    EXPECT_TRUE(table.ClearRows());
-    EXPECT_EQ(table.GetEntityListType(1), EntityFullType("GRID")) << "a cleared column keeps its type";
-}
-
 TYPED_TEST_P(TableContract, EmptyColumnsExistForExactlyTheTypesOfCells) {
     Tabular table = this->MakeTable({1, 2});
     TableModel model;
@@ -152,13 +122,8 @@ TYPED_TEST_P(TableContract, EmptyColumnsExistForExactlyTheTypesOfCells) {
 
 TYPED_TEST_P(TableContract, RowsAreRemovedOnceAndAllOrNone) {
     Tabular table = this->MakeTable({0, 1, 2, 3, 4});
-    EXPECT_FALSE(table.RemoveRows({}));
-    EXPECT_FALSE(table.RemoveRows({5}));
     EXPECT_FALSE(table.RemoveRows({0, 0xFFFFFFFF}));
     EXPECT_EQ(table.GetRowCount(), 5u);
-    EXPECT_TRUE(table.RemoveRows({3, 1, 1}));
-    EXPECT_EQ(this->Read(table), (qzStlVector<double>{0, 2, 4}));
-
     qzStlVector<double> numbers(1000), kept;
     qzStlVector<unsigned int> rows;
     for (unsigned int row = 0; row < 1000; ++row) {
@@ -258,9 +223,11 @@ TYPED_TEST_P(TableContract, TablesDoWhatTheModelDoes) {
         EntityFullType const type =
             random.Pick({EntityFullType("GRID"), EntityFullType("CBAR", 2), EntityFullType()});
         auto const rows = randomRows();
+        bool const isOfItsType = at < model.columns.size() && random.Chance(2); // else most are refused
         unsigned int number = 0;
         TypesOf<ColumnTypes>::ForEach([&]<class List>(std::type_identity<List>) {
-            if (number++ != kind)
+            bool const isNext = number++ == kind;
+            if (isOfItsType ? !model.columns[at].IsLike(TableModel::MakeColumn(List())) : !isNext)
                 return;
             auto list = MakeContainer<List>(static_cast<int>(first), count);
             Value cell(ValuePtr::Create(Samples<CellOf<List>>::Make(static_cast<int>(first)), DS_DEFAULT));
@@ -310,10 +277,9 @@ TYPED_TEST_P(TableContract, TablesDoWhatTheModelDoes) {
 
 REGISTER_TYPED_TEST_SUITE_P(TableContract, StartsWithoutColumnsAndRows,
                             ColumnsAnswerToTheirOwnTypeAndRefuseEveryOther,
-                            ShorterColumnsAreFilledUpAndLongerOnesLengthenTheTable,
-                            EntitiesSetTheNumberOfRows, EmptyColumnsExistForExactlyTheTypesOfCells,
-                            RowsAreRemovedOnceAndAllOrNone, CopiesOfRowsRiseAndRepeat,
-                            CopiesAreDeepAndSelfAssignmentKeepsATable, TablesAgreeWithinATolerance,
-                            ColumnsOfTheTableItselfAreArguments, TablesDoWhatTheModelDoes);
+                            EmptyColumnsExistForExactlyTheTypesOfCells, RowsAreRemovedOnceAndAllOrNone,
+                            CopiesOfRowsRiseAndRepeat, CopiesAreDeepAndSelfAssignmentKeepsATable,
+                            TablesAgreeWithinATolerance, ColumnsOfTheTableItselfAreArguments,
+                            TablesDoWhatTheModelDoes);
 
 } // namespace qzDescriptor::test

@@ -3,30 +3,15 @@
 #include "qzdistribution/QZ_DT_Mgr.h"
 
 #include <array>
-#include <atomic>
 #include <charconv>
 #include <cstdlib>
 #include <fstream>
-#include <random>
 
 namespace fs = std::filesystem;
 using qzDescriptor::Value;
 
-DeckFolder::DeckFolder() {
-    static std::atomic<unsigned> s_count{0};
-    std::random_device random;
-    std::string const name = "qzdeck_test_" + std::to_string(random()) + "_" + std::to_string(s_count++);
-    m_path = fs::temp_directory_path() / name;
-    fs::create_directories(m_path);
-}
-
-DeckFolder::~DeckFolder() {
-    std::error_code ignored;
-    fs::remove_all(m_path, ignored);
-}
-
 std::string DeckFolder::Write(std::string const& name, std::string_view text) const {
-    fs::path const path = m_path / name;
+    fs::path const path = Path() / name;
     fs::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary).write(text.data(), static_cast<std::streamsize>(text.size()));
     return path.string();
@@ -37,6 +22,14 @@ qzDeck::Model DeckFolder::Read(std::string_view text) const {
 }
 
 std::string OwnDeck(std::string const& name) { return std::string(QZ_OWN_DECKS) + "/" + name; }
+
+std::vector<std::string> AllDecks() {
+    std::vector<std::string> decks = SharedDecks();
+    for (char const* name :
+         {"footbridge.bdf", "footbridge_loads.bdf", "sampler.bdf", "faults.bdf", "broken.bdf"})
+        decks.push_back(OwnDeck(name));
+    return decks;
+}
 
 std::vector<std::string> SharedDecks() {
     char const* const named = std::getenv("QZ_DECKS");

@@ -1,32 +1,25 @@
 #pragma once
 
 #include "model/Model.h"
+#include "support/TemporaryFolder.h"
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// A folder of decks for one test, removed behind it.
-class DeckFolder {
+/// A folder of decks for one test.
+class DeckFolder : public TemporaryFolder {
 public:
-    DeckFolder();
-    ~DeckFolder();
-    DeckFolder(DeckFolder const&) = delete;
-    DeckFolder& operator=(DeckFolder const&) = delete;
-
-    std::filesystem::path const& Path() const { return m_path; }
     /// Writes a file with exactly these bytes and returns its path.
     std::string Write(std::string const& name, std::string_view text) const;
     /// The model of a deck with this text.
     qzDeck::Model Read(std::string_view text) const;
-
-private:
-    std::filesystem::path m_path;
 };
 
 /// A deck of the repository.
 std::string OwnDeck(std::string const& name);
+/// Our decks, sound and broken ones, and those below.
+std::vector<std::string> AllDecks();
 /// Published decks that are not ours to keep: none where they are not at hand.
 std::vector<std::string> SharedDecks();
 

@@ -28,26 +28,12 @@ Generator const s_generators[] = {
     {"TheContinuationMarkIsNotRepeated", "GRID,1,2,3,4,5,6,7,8,+A\n=,9,==\n+A,1\n",
      "GRID 1 2 3 4 5 6 7 8 1\nGRID 9 2 3 4 5 6 7 8\n"},
     {"ARepeatedNameMayBeAContinuation", "GRID,1\n+,2\n=,3\n", "GRID 1 _ _ _ _ _ _ _ 2 _ _ _ _ _ _ _ 3\n"},
-    {"WithoutALineAboveNothingIsRepeated", "GRID    1\n=,2\n", "GRID 1 _ _ _ _ _ _ _ 2\n",
-     "2: there is no free line before this one to repeat: '='\n"},
     {"ALineOfRepeatsAloneIsNoCard", "==\n", "",
      "1: there is no free line before this one to repeat: '=='\n1: a continuation line before the first "
      "card\n"},
-    {"WhatFollowsARepeatOfTheRestIsReported", "GRID,1,,1.0,2.0\n=,2,==,7.0\n",
-     "GRID 1 _ 1.0 2.0\nGRID 2 _ 1.0 2.0\n",
-     "2: '==' repeats all that remains; what follows it is ignored: '7.0'\n"},
     {"AFieldThatIsPassedIsReported", "GRID,1,2,3)7,0)8\n", "GRID 1 2 7 8\n",
      "1: the field is already passed; the value goes to the next one: '3)7'\n"
      "1: the field is already passed; the value goes to the next one: '0)8'\n"},
-    {"GeneratorsOfSeveralCardsAreRefused", "GRID,1,,1.0\n=,*(1),=,%(9.0)\n=(4)\nGRID,/,9)+A\n",
-     "GRID 1 _ 1.0\nGRID bad'*(1)' _ bad'%(9.0)'\n=(4)\nGRID bad'/' _ _ _ _ _ _ bad'+A'\n",
-     "2: a generator that is not expanded: '*(1)'\n2: a generator that is not expanded: '%(9.0)'\n"
-     "2: neither a number nor a text: '*(1)'\n2: neither a number nor a text: '%(9.0)'\n"
-     "3: a generator that is not expanded: '=(4)'\n3: not the name of a card: '=(4)'\n"
-     "4: a generator that is not expanded: '/'\n4: a generator that is not expanded: '9)+A'\n"
-     "4: neither a number nor a text: '/'\n4: neither a number nor a text: '+A'\n"},
-    {"TenFieldsAreAllThatALineHas", "GRID,1,2,3,4,5,6,7,8,+A,10,11\n+A,9\n", "GRID 1 2 3 4 5 6 7 8 9\n",
-     "1: a free line has more than ten fields; it is cut before: '10'\n"},
     {"AFieldFarOutIsSurplus", "GRID,1,99999999999999999999)7\n", "GRID 1\n",
      "1: a free line has more than ten fields; it is cut before: '7'\n"},
 };

@@ -12,20 +12,6 @@ using qzDeck::KindOf;
 using qzDescriptor::Identifier;
 using qzDescriptor::Value;
 
-TEST(Model, EveryFieldIsAValueOfItsType) {
-    DeckFolder const folder;
-    auto const model = folder.Read("PARAM*,7,,2.5,THRU\n");
-    auto const& values = model.Cards().at(0).Values();
-    ASSERT_EQ(values.size(), 4U);
-    EXPECT_EQ(values[0].GetBasicType(), qzDescriptor::BT_INT);
-    EXPECT_EQ(values[1].GetBasicType(), qzDescriptor::BT_NONE);
-    EXPECT_EQ(values[2].GetBasicType(), qzDescriptor::BT_DOUBLE);
-    EXPECT_EQ(values[3].GetBasicType(), qzDescriptor::BT_STRING);
-    double real = 0.0;
-    EXPECT_TRUE(values[2].GetValue(real));
-    EXPECT_EQ(real, 2.5);
-}
-
 Value const* Find(Card const& card, char const* name, unsigned int row = Identifier::s_unset) {
     return card.Find(Identifier(name, 0, row));
 }

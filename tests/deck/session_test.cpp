@@ -44,13 +44,6 @@ struct Opened {
     }
 };
 
-std::vector<std::string> AllDecks() {
-    std::vector<std::string> decks = SharedDecks();
-    for (char const* name : {"footbridge.bdf", "sampler.bdf", "faults.bdf", "broken.bdf"})
-        decks.push_back(OwnDeck(name));
-    return decks;
-}
-
 qzString TextOf(DeckObject const& object, Identifier const& attribute) {
     qzString text = "-";
     object.GetValueAsString(attribute, text, qzString());

@@ -180,10 +180,7 @@ TEST(TableStore, HoldsEveryDeckAsItIs) {
     if (!HasTableStore())
         GTEST_SKIP() << "built without SQLite";
     DeckFolder const folder;
-    std::vector<std::string> decks = SharedDecks();
-    for (char const* name : {"sampler.bdf", "footbridge.bdf", "faults.bdf", "broken.bdf"})
-        decks.push_back(OwnDeck(name));
-    for (std::string const& deck : decks) {
+    for (std::string const& deck : AllDecks()) {
         auto const areEqual =
             StoreAndCompare(Model::Read(deck).value(), (folder.Path() / "model.db").string(), deck);
         EXPECT_EQ(std::count(areEqual.begin(), areEqual.end(), false), 0) << deck;

@@ -1,4 +1,5 @@
 #include "descriptor/qzdescriptor.h"
+#include "support/ExpectDistinct.h"
 
 #include <gtest/gtest.h>
 
@@ -44,11 +45,7 @@ TEST(ActionDefinition, DiffersByItsFunctions) {
         MakeNative(Refuse),     MakeNative(Review, Review),  MakeNative(Review, Refuse),
         MakeNative(Painter{1}), MakeNative(Welder{{1}}),
     };
-    for (ActionDefinition const& a : actions) {
-        for (ActionDefinition const& b : actions)
-            EXPECT_EQ(a == b, &a == &b);
-        EXPECT_EQ(ActionDefinition(a), a);
-    }
+    ExpectDistinct(actions);
     EXPECT_EQ(MakeNative(Painter{1}), MakeNative(Painter{2})) << "what is captured cannot be compared";
 }
 

@@ -1,4 +1,5 @@
 #include "descriptor/qzdescriptor.h"
+#include "support/ExpectDistinct.h"
 
 #include <gtest/gtest.h>
 
@@ -97,10 +98,7 @@ TEST(DataOperation, DiffersByEveryField) {
         DataOperation("X", DataOperationList({DataOperation()}), true, ""),
         DataOperation("X", DataOperationList({DataOperation("X", "Weigh", true, "")}), true, ""),
     };
-    for (DataOperation const& a : entries) {
-        for (DataOperation const& b : entries)
-            EXPECT_EQ(a == b, &a == &b);
-    }
+    ExpectDistinct(entries);
 }
 
 TEST(DataOperation, KeepsItsListWhenTheOriginalChanges) {

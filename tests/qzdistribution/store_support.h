@@ -4,12 +4,12 @@
 
 #include "cell_types.h"
 #include "support/Random.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <bit>
 #include <cstdint>
-#include <filesystem>
 #include <limits>
 #include <string>
 #include <vector>
@@ -25,31 +25,6 @@ inline testing::AssertionResult Refused(QZDT_Result const& result) {
     return !result && !result.GetMessage().empty() ? testing::AssertionSuccess()
                                                    : testing::AssertionFailure();
 }
-
-/// A folder of its own for the files of a test, gone with it.
-class TemporaryFolder {
-public:
-    TemporaryFolder() {
-        for (unsigned int k = 0; m_path.empty(); ++k) {
-            std::filesystem::path const path =
-                std::filesystem::temp_directory_path() / ("qzdistribution_tests_" + std::to_string(k));
-            std::error_code error;
-            if (std::filesystem::create_directory(path, error))
-                m_path = path;
-        }
-    }
-    TemporaryFolder(TemporaryFolder const&) = delete;
-    TemporaryFolder& operator=(TemporaryFolder const&) = delete;
-    ~TemporaryFolder() {
-        std::error_code error;
-        std::filesystem::remove_all(m_path, error);
-    }
-
-    qzString GetFile(char const* name) const { return (m_path / name).string(); }
-
-private:
-    std::filesystem::path m_path;
-};
 
 using Cells = std::vector<QZ_DT_Variant>;
 

@@ -184,7 +184,6 @@ private:
         case 6:
             Sever([&](Connected const& c) { return c.signal == s; });
             m_signals[s] = std::make_unique<Signal>();
-            ++m_generations[s];
             break;
         case 7:
             Sever([&](Connected const& c) { return c.signal == s; });
@@ -252,7 +251,6 @@ private:
     Random m_random;
     std::vector<std::unique_ptr<Signal>> m_signals;
     std::vector<std::unique_ptr<Recorder>> m_listeners;
-    std::map<std::size_t, int> m_generations;
     std::map<int, Connected> m_model;
     std::vector<std::vector<int>> m_expected; // by emission under way: what it has yet to call
     int m_nextId = 0;

@@ -3,6 +3,7 @@
 #include "qzutl/qzStlVector.h"
 #include "qzutl/qzString.h"
 #include "qzutl/qzVariant.h"
+#include "support/Threads.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,6 @@
 #include <list>
 #include <mutex>
 #include <span>
-#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -189,17 +189,12 @@ TEST(QzVariant, IsEqualToOneOfTheSameKindAndValue) {
 TEST(QzSimpleMutex, LetsOneThreadInAtATime) {
     qzSimpleMutex mutex;
     unsigned int inside = 0; // not atomic: the mutex is what protects it
-    auto const work = [&] {
+    RunThreads(4, [&](unsigned int) {
         for (int i = 0; i < 20000; ++i) {
             std::lock_guard const guard(mutex);
             ++inside;
         }
-    };
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back(work);
-    for (std::thread& thread : threads)
-        thread.join();
+    });
     EXPECT_EQ(inside, 80000U);
 }
 
@@ -215,15 +210,12 @@ TEST(QzSimpleMutex, RefusesWhileItIsHeld) {
 TEST(QzSimpleMutex, IsTakenWithAnotherInEitherOrder) {
     qzSimpleMutex a, b;
     unsigned int inside = 0;
-    auto const work = [&inside](qzSimpleMutex& first, qzSimpleMutex& second) {
+    RunThreads(2, [&](unsigned int thread) {
         for (int i = 0; i < 5000; ++i) {
-            std::scoped_lock const guard(first, second);
+            std::scoped_lock const guard(thread == 0 ? a : b, thread == 0 ? b : a);
             ++inside;
         }
-    };
-    std::thread other(work, std::ref(a), std::ref(b));
-    work(b, a);
-    other.join();
+    });
     EXPECT_EQ(inside, 10000U);
 }
 

@@ -9,13 +9,13 @@
 #include "descriptor/Value.h"
 #include "descriptor/Version.h"
 #include "descriptor/qzSigSlotHandler.h"
+#include "registry/TestRegistry.h"
 #include "store/Registry.h"
 #include "store/Session.h"
 #include "support/Threads.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <stdexcept>
 #include <vector>
 
@@ -111,38 +111,21 @@ TEST_F(Sessions, AddWhatAttributesReferToEachOnce) {
 }
 
 TEST_F(Sessions, AreCopiedWithoutTheirEntitiesListenersAndPlace) {
-    /// The least that is a session.
-    class Bare : public ISession {
-    public:
-        Bare(qzString const& name, MetaclassMgr* registry) : ISession(name, registry) {}
-        qzReturnStatus Delete(Entity const&) override { return {}; }
-        bool Find(EntityFullType const&, qzString const&, Entity&) const override { return false; }
-        void GetOwnedEntities(EntityListBag&, Entity const&, Identifier const&) const override {}
-        bool GetOwner(Entity const&, Entity&, Identifier&) const override { return false; }
-
-    protected:
-        Metaobject const* GetMetaobject(Entity const&) const override { return nullptr; }
-        qzReturnStatus P_CreateEntity(EntityFullType const&, Entity&, Entity const&,
-                                      Identifier const&) const override {
-            return {};
-        }
-        void P_CollectAll(EntityList&, EntityFullType const&, std::string const&) const override {}
-    };
     store::Registry other;
     std::vector<qzString> ended;
     {
-        Bare bare("bare", &registry);
+        test::TestSession bare("bare", &registry);
         bare.GetSigSlotHandler()->GetSessionDeletedSignal()->Connect(
             [&](qzString const& name) { ended.push_back(name); });
         {
-            Bare copy(bare);
+            test::TestSession copy(bare);
             EXPECT_EQ(copy.GetName(), "bare");
             EXPECT_EQ(copy.GetMetaclassMgr(), &registry);
             EXPECT_NE(copy.GetSigSlotHandler(), bare.GetSigSlotHandler());
         }
         EXPECT_EQ(registry.GetSession("bare"), &bare);
         EXPECT_TRUE(ended.empty());
-        Bare assigned("assigned", &other);
+        test::TestSession assigned("assigned", &other);
         assigned = bare;
         EXPECT_EQ(assigned.GetName(), "bare");
         EXPECT_EQ(other.GetSession("assigned"), &assigned);
@@ -190,47 +173,6 @@ TEST(SessionsOnSeveralThreads, KeepTheirScriptsApart) {
             }
         }
     });
-}
-
-TEST_F(Sessions, LetListenersOfTheirEndDoWhatTheyLike) {
-    Entity const quad = Make("Quad");
-    ISession* const neighbour = registry.GetSession("neighbour");
-    int calls = 0;
-    std::function<void(qzString const&)> const listener = [&](qzString const& name) {
-        ++calls;
-        if (name != "s")
-            return;
-        EXPECT_NE(session->Get(quad), nullptr); // still there to be read
-        registry.RemoveSession(session);
-        registry.RemoveSession(neighbour);
-        registry.GetSession("late");
-        EXPECT_EQ(registry.GetHandlesCount(), 4u);
-    };
-    for (ISession* const each : {session, neighbour})
-        each->GetSigSlotHandler()->GetSessionDeletedSignal()->Connect(listener);
-    registry.RemoveSession(session);
-    EXPECT_EQ(calls, 2);
-    EXPECT_FALSE(registry.SetCurrentSession("s"));
-    EXPECT_FALSE(registry.SetCurrentSession("neighbour"));
-    EXPECT_TRUE(registry.SetCurrentSession("late"));
-}
-
-TEST(SessionsOfARegistryThatEnds, LetTheirListenersDoWhatTheyLike) {
-    int ended = 0;
-    {
-        store::Registry registry;
-        std::vector<ISession*> sessions;
-        for (char const* const name : {"a", "b", "c"})
-            sessions.push_back(registry.GetSession(name));
-        for (ISession* const session : sessions)
-            session->GetSigSlotHandler()->GetSessionDeletedSignal()->Connect([&](qzString const&) {
-                ++ended;
-                for (char const* const name : {"c", "b"})
-                    registry.RemoveSession(registry.GetSession(name)); // null once it has ended
-                EXPECT_EQ(registry.GetSession("new"), nullptr);
-            });
-    }
-    EXPECT_EQ(ended, 3);
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 #include "contract/table_contract.h"
 #include "descriptor/ExternalTables.h"
 #include "qzdistribution/QZ_DT_Mgr.h"
+#include "support/TemporaryFolder.h"
 
 #include <filesystem>
-#include <unistd.h>
 
 namespace qzDescriptor::test {
 namespace {
@@ -40,18 +40,6 @@ private:
     QZDT_DTSHandle m_set;
 };
 
-/// A file that goes with this object.
-class TemporaryFile {
-public:
-    TemporaryFile() { std::filesystem::create_directories(m_folder); }
-    ~TemporaryFile() { std::filesystem::remove_all(m_folder); }
-    qzString Path() const { return (m_folder / "tables.qzdt").string(); }
-
-private:
-    std::filesystem::path m_folder =
-        std::filesystem::temp_directory_path() / ("qzdescriptor_tables_" + std::to_string(::getpid()));
-};
-
 struct StoreInMemory {
     static constexpr bool s_ragged = true;
     Tabular MakeTable() { return m_database.MakeTable(); }
@@ -61,8 +49,8 @@ struct StoreInMemory {
 struct StoreInFile {
     static constexpr bool s_ragged = true;
     Tabular MakeTable() { return m_database.MakeTable(); }
-    TemporaryFile m_file;
-    Database m_database{m_file.Path()};
+    TemporaryFolder m_folder;
+    Database m_database{m_folder.GetFile("tables")};
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(ExternalInMemory, TableContract, StoreInMemory);
@@ -137,10 +125,11 @@ TEST(ExternalTable, WithoutANameEndsWithItsTabular) {
 }
 
 TEST(ExternalTable, WithANameOutlivesTheProcess) {
-    TemporaryFile const file;
+    TemporaryFolder const folder;
+    qzString const file = folder.GetFile("tables");
     Tabular expected = Fill(Tabular());
     {
-        Database database(file.Path());
+        Database database(file);
         Tabular table = CopyToStore(expected, database.GetDB(), database.GetSet());
         Tabular second = database.MakeTable();
         EXPECT_TRUE(NameTable(table, "stress"));
@@ -148,7 +137,7 @@ TEST(ExternalTable, WithANameOutlivesTheProcess) {
         EXPECT_FALSE(NameTable(second, ""));
         SetColumnIdentifier(table, 0, Identifier("T"));
     }
-    Database database(file.Path());
+    Database database(file);
     EXPECT_EQ(database.CountTables(), 1u);
     Tabular const table = OpenTable(database.GetDB(), database.GetSet(), "stress");
     EXPECT_EQ(table, expected);
@@ -181,12 +170,13 @@ TEST(ExternalTable, FailsQuietlyWhenItsDatabaseIsClosed) {
 
 // What the store cannot do in full it does not do at all.
 TEST(ExternalTable, StaysAsItIsWhenTheStoreIsFull) {
-    TemporaryFile const file;
-    Database database(file.Path());
+    TemporaryFolder const folder;
+    qzString const file = folder.GetFile("tables");
+    Database database(file);
     Tabular table = Fill(database.MakeTable());
     Tabular const before = CopyToMemory(table);
     ASSERT_TRUE(Manager().Flush(database.GetDB()));
-    ASSERT_TRUE(Manager().SetSizeLimit(database.GetDB(), std::filesystem::file_size(file.Path()) + 65536));
+    ASSERT_TRUE(Manager().SetSizeLimit(database.GetDB(), std::filesystem::file_size(file) + 65536));
     qzStlVector<double> const large(1'000'000, 0.1);
     EXPECT_FALSE(table.SetColumn(3, large));
     EXPECT_EQ(table.InsertColumn(large, 1), 0u);

@@ -86,6 +86,16 @@ TEST(DataTypes, DefaultsExistForExactlyTheTypesThatHaveStorage) {
                 EXPECT_EQ(value.GetArrayDimension(), dimension);
                 EXPECT_EQ(value.GetArrayDimensionExtent(0u), 0u);
             }
+            if (row.compound == CT_ENTITY) // whose factory takes the kind of collection for the count
+                continue;
+            auto const array = [&](unsigned int count) {
+                Value const made(row.basic, row.compound, count, dimension, DS_ON, QZDT_DBHandle());
+                return made.GetValuePtr() == nullptr ? 0 : made.GetArrayDimension();
+            };
+            bool const isList = std::string_view(row.dimensions).starts_with('1');
+            bool const isGrid = std::string_view(row.dimensions) == "12";
+            EXPECT_EQ(array(4), dimension == 0 ? (isList ? 1U : 0U) : (isGrid ? 2U : 0U));
+            EXPECT_EQ(array(0), 0U);
         }
     }
     for (auto const& [basic, compound] : {std::pair(BT_BOOL, CT_COUPLE), std::pair(BT_NONE, CT_SCALAR),

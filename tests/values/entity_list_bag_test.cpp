@@ -1,13 +1,10 @@
 #include "descriptor/Entity.h"
 #include "descriptor/EntityListBag.h"
-#include "support/Random.h"
 #include "support/Threads.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <atomic>
 #include <initializer_list>
 #include <iterator>
 #include <utility>
@@ -15,7 +12,6 @@
 using namespace qzDescriptor;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 namespace {
 
@@ -45,19 +41,6 @@ qzStlVector<EntityFullType> GetTypes(EntityListBag const& bag) {
 }
 
 // ---- lists by type ----
-
-TEST(EntityListBag, KeepsOneListForEachType) {
-    EntityListBag bag;
-    EXPECT_TRUE(bag.IsEmpty());
-    EXPECT_TRUE(bag.SetList(MakeList(s_grid, {1, 2})));
-    EXPECT_TRUE(bag.SetList(MakeList(s_element, {3})));
-    EXPECT_TRUE(bag.SetList(MakeList(s_grid, {4})));
-    EXPECT_FALSE(bag.IsEmpty());
-    EXPECT_EQ(bag.GetEntityFullTypeListCount(), 2U);
-    EXPECT_EQ(bag.GetList(s_grid), MakeList(s_grid, {4}));
-    EXPECT_EQ(bag.GetIdListCount(s_element), 1U);
-    EXPECT_THAT(GetTypes(bag), UnorderedElementsAre(s_grid, s_element));
-}
 
 TEST(EntityListBag, TellsTypesApartByEveryPartButTheTopologyKind) {
     EntityFullType const types[] = {
@@ -179,20 +162,6 @@ TEST(EntityListBag, TakesListsOfItsOwnAsArguments) {
 
 // ---- order ----
 
-TEST(EntityListBag, WalksItsListsInTheOrderOfItsTypes) {
-    EntityListBag bag(16);
-    EXPECT_EQ(bag.begin(), bag.end());
-    for (unsigned int i = 500; i > 0; --i)
-        bag.SetList(MakeList(i % 2 == 0 ? EntityFullType(i) : EntityFullType(std::to_string(i)), {i}));
-    qzStlVector<EntityFullType> walked;
-    for (EntityList const& list : bag)
-        walked.push_back(list.GetEntityFullType());
-    EXPECT_EQ(walked, GetTypes(bag));
-    EXPECT_EQ(walked.size(), 500U);
-    EXPECT_EQ(&*bag.begin(), &std::as_const(bag).GetList(walked[0]));
-    EXPECT_EQ(bag.begin()->GetEntityFullType(), walked[0]);
-}
-
 TEST(EntityListBag, GoesByTheHashOfTheTypeAndThenByInsertion) {
     EntityListBag const bag = MakeBag({MakeList(EntityFullType(205), {}), MakeList(EntityFullType(104), {}),
                                        MakeList(EntityFullType(3), {}), MakeList(EntityFullType(102), {})});
@@ -300,95 +269,6 @@ TEST(EntityListBag, IsEqualToBagsOfEqualListsInAnyOrder) {
     EXPECT_NE(bag, EntityListBag());
     EXPECT_EQ(EntityListBag(), EntityListBag(50));
     EXPECT_NE(EntityListBag(), MakeBag({MakeList(s_grid, {})}));
-}
-
-// ---- several threads ----
-
-/// A list that shows when it was put together from two: its ids are all the same.
-EntityList MakeUniform(EntityFullType const& type, unsigned int id) {
-    return MakeList(type, {id, id, id, id});
-}
-
-bool IsUniform(EntityList const& list) {
-    return std::ranges::all_of(list, [&](unsigned int id) { return id == list[0]; });
-}
-
-constexpr unsigned int s_sharedTypes = 8;
-
-EntityFullType MakeSharedType(unsigned int i) { return EntityFullType(101 * i + 5); }
-
-TEST(EntityListBag, ShowsEveryThreadEitherTheOldListOrTheNewOne) {
-    EntityListBag bag;
-    std::atomic<unsigned int> damage = 0;
-    RunThreads(4, [&](unsigned int thread) {
-        Random random(thread);
-        for (unsigned int step = 0; step < 2000; ++step) {
-            EntityFullType const type = MakeSharedType(random.Below(s_sharedTypes));
-            EntityList list;
-            damage += !bag.SetList(MakeUniform(type, step));
-            damage += !bag.GetList(type, list) || !IsUniform(list) || list.GetEntityFullType() != type;
-            damage += bag.GetIdListCount(type) != 4;
-            damage += GetTypes(bag).size() > s_sharedTypes;
-            damage += EntityListBag(bag).IsEmpty();
-        }
-    });
-    EXPECT_EQ(damage, 0U);
-    EXPECT_EQ(bag.GetEntityFullTypeListCount(), s_sharedTypes);
-}
-
-TEST(EntityListBag, LetsEveryThreadWriteItsOwnListWhileOthersAddTypes) {
-    EntityListBag bag;
-    RunThreads(4, [&](unsigned int thread) {
-        EntityFullType const own("OWN", thread);
-        bag.SetList(MakeList(own, {}));
-        for (unsigned int i = 0; i < 2000; ++i) {
-            bag.SetListId(own, i, i);
-            bag.SetListEntity(Entity(own, i + 1), own, i);
-            bag.SetList(MakeList(EntityFullType("NEW", thread * 2000 + i), {i}));
-            bag.GetList(EntityFullType("ABSENT")).SetId(0, i, 0);
-        }
-    });
-    EXPECT_EQ(bag.GetEntityFullTypeListCount(), 4U + 4U * 2000U);
-    for (unsigned int thread = 0; thread < 4; ++thread) {
-        EntityList const& list = bag.GetList(EntityFullType("OWN", thread));
-        ASSERT_EQ(list.GetIdListCount(), 2000U);
-        for (unsigned int i = 0; i < 2000; ++i)
-            ASSERT_EQ(list.GetList()[i], i + 1);
-    }
-}
-
-/// Does one thing to two bags that other threads work on as well; false when it sees a damaged one.
-bool Work(Random& random, EntityListBag& mine, EntityListBag& yours) {
-    EntityFullType const type = MakeSharedType(random.Below(s_sharedTypes));
-    switch (random.Below(8)) {
-    case 0:
-        mine = yours;
-        return true;
-    case 1:
-        static_cast<void>(mine == yours); // either may be right: it must end, without a race
-        return true;
-    case 2:
-        return yours == yours;
-    case 3:
-        return (mine -= yours).IsValid();
-    case 4:
-        return EntityListBag(yours).GetEntityFullTypeListCount() <= s_sharedTypes;
-    case 5:
-        return mine.SetList(MakeList(type, {random.Below(50), 50 + random.Below(50)}));
-    default:
-        return (mine += yours).GetIdListCount(type) <= 100;
-    }
-}
-
-TEST(EntityListBag, MergesTwoSharedBagsInEitherOrder) {
-    EntityListBag bags[2];
-    std::atomic<unsigned int> damage = 0;
-    RunThreads(4, [&](unsigned int thread) {
-        Random random(thread);
-        for (unsigned int step = 0; step < 2000; ++step)
-            damage += !Work(random, bags[thread % 2], bags[random.Below(2)]);
-    });
-    EXPECT_EQ(damage, 0U);
 }
 
 } // namespace

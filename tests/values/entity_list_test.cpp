@@ -37,16 +37,6 @@ TEST(EntityList, StartsWithoutTypeAndIds) {
     EXPECT_GE(EntityList(100).GetList().capacity(), 100U);
 }
 
-TEST(EntityList, GrowsToTheIndexThatIsWritten) {
-    EntityList list;
-    list.SetEntityFullType(s_grid);
-    list.SetId(5, 42, 7);
-    EXPECT_THAT(list.GetList(), ElementsAre(0, 0, 0, 0, 0, 42));
-    EXPECT_THAT(list.GetTopologyIndexList(), IsEmpty());
-    list.SetId(2, 9, 7);
-    EXPECT_THAT(list.GetList(), ElementsAre(0, 0, 9, 0, 0, 42));
-}
-
 TEST(EntityList, GrowsByFactorsWhenItIsWrittenAtItsEnd) {
     EntityList list;
     list.SetEntityFullType(s_face);
@@ -59,24 +49,6 @@ TEST(EntityList, GrowsByFactorsWhenItIsWrittenAtItsEnd) {
     EXPECT_LT(moves, 100U);
     EXPECT_EQ(list.GetIdListCount(), 100'000U);
     EXPECT_EQ(list[99'999], 99'999U);
-}
-
-TEST(EntityList, KeepsTopologyIndicesWhileItsTypeHasATopologyKind) {
-    EntityList list;
-    list.SetEntityFullType(s_face);
-    list.SetId(2, 30, 'c');
-    list.SetId(0, 10, 'a');
-    EXPECT_THAT(list.GetList(), ElementsAre(10, 0, 30));
-    EXPECT_THAT(list.GetTopologyIndexList(), ElementsAre('a', 0, 'c'));
-    list.Resize(4);
-    EXPECT_THAT(list.GetTopologyIndexList(), ElementsAre('a', 0, 'c', 0));
-    list.Resize(1);
-    EXPECT_THAT(list.GetList(), ElementsAre(10));
-    EXPECT_THAT(list.GetTopologyIndexList(), ElementsAre('a'));
-    EXPECT_TRUE(list.SetEntityFullType(s_grid));
-    EXPECT_THAT(list.GetTopologyIndexList(), IsEmpty());
-    EXPECT_TRUE(list.SetEntityFullType(s_face));
-    EXPECT_THAT(list.GetTopologyIndexList(), ElementsAre(0));
 }
 
 TEST(EntityList, BringsGivenTopologyIndicesInStepWithTheIds) {
@@ -209,19 +181,6 @@ TEST(EntityList, ReservesForIdsAndTopologyIndices) {
 
 // ---- two levels ----
 
-TEST(EntityList2, GrowsRowsAndTheColumnsOfTheRowThatIsWritten) {
-    EntityList2 list;
-    list.SetId(2, 1, 42);
-    EXPECT_THAT(list.GetList(), ElementsAre(IsEmpty(), IsEmpty(), ElementsAre(0, 42)));
-    list.SetId(0, 0, 7);
-    list.SetId(2, 2, 8);
-    EXPECT_THAT(list.GetList(), ElementsAre(ElementsAre(7), IsEmpty(), ElementsAre(0, 42, 8)));
-    EXPECT_EQ(list.GetIdListCount(0), 1U);
-    EXPECT_EQ(list.GetIdListCount(1), 0U);
-    EXPECT_EQ(list.GetIdListCount(2), 3U);
-    EXPECT_EQ(list.GetIdListCount(3), 0U);
-}
-
 TEST(EntityList2, AnswersOutsideItsRangeAndLeavesOutputsAlone) {
     EntityList2 const list(s_grid, {{1}, {}, {2, 3}});
     unsigned int const last = std::numeric_limits<unsigned int>::max();
@@ -343,8 +302,11 @@ TEST(EntityList2, AgreesWithNestedVectorsUnderRandomWrites) {
             list.SetId(i, j, step);
         }
         ASSERT_EQ(list.GetList().size(), model.size());
-        for (std::size_t i = 0; i < model.size(); ++i)
+        for (unsigned int i = 0; i < model.size(); ++i) {
             ASSERT_EQ(list.GetList()[i], model[i]) << "row " << i;
+            ASSERT_EQ(list.GetIdListCount(i), model[i].size());
+        }
+        ASSERT_EQ(list.GetIdListCount(static_cast<unsigned int>(model.size())), 0U);
     }
 }
 

@@ -7,9 +7,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <atomic>
-#include <functional>
 #include <map>
 #include <thread>
 #include <vector>
@@ -182,111 +179,6 @@ TEST(FormulaBag, IsEqualToBagsOfTheSameFormulasInAnyOrder) {
     second.RemoveFormula(a);
     second.SetFormula(MakeFormula(EntityFullType("C"), {1}));
     EXPECT_NE(first, second) << "as many, but another type";
-}
-
-TEST(FormulaBag, FindsNothingAfterItsLastFormulaIsGoneAndTakesNewOnes) {
-    FormulaBag bag;
-    for (int round = 0; round < 3; ++round) {
-        for (unsigned int i = 0; i < 100; ++i)
-            bag.SetFormula(MakeFormula(MakeType(i), {i}));
-        for (unsigned int i = 0; i < 100; ++i)
-            EXPECT_TRUE(bag.RemoveFormula(MakeType(i)));
-        EXPECT_EQ(bag, FormulaBag());
-    }
-}
-
-// ---- several threads ----
-
-/// A formula that shows when it was put together from two: its ids are all the same.
-Formula MakeUniform(EntityFullType const& type, unsigned int id) {
-    return MakeFormula(type, {id, id, id, id});
-}
-
-bool IsUniform(Formula const& formula, EntityFullType const& type) {
-    qzStlVector<unsigned int> ids;
-    return formula.GetEntityFullType() == type && formula.GetClauseCount() == 1 &&
-           formula.GetClauseReference(0).GetIdList(ids) && ids.size() == 4 &&
-           std::ranges::count(ids, ids[0]) == 4;
-}
-
-constexpr unsigned int s_sharedTypes = 8;
-
-/// Does one thing to two bags that other threads work on as well; false when it sees a damaged one.
-bool Work(Random& random, unsigned int step, FormulaBag& mine, FormulaBag& yours) {
-    EntityFullType const type = MakeType(random.Below(s_sharedTypes));
-    Formula formula;
-    switch (random.Below(8)) {
-    case 0:
-        mine.RemoveFormula(type);
-        return true;
-    case 1:
-        mine = yours;
-        return true;
-    case 2:
-        static_cast<void>(mine == yours); // either may be right: it must end, without a race
-        return true;
-    case 3:
-        return yours == yours;
-    case 4:
-        return FormulaBag(yours).GetEntityFullTypeListCount() <= s_sharedTypes;
-    case 5:
-        return GetTypes(yours).size() <= s_sharedTypes;
-    case 6:
-        mine.SetFormula(MakeUniform(type, step));
-        return true;
-    default:
-        return !yours.GetFormula(type, formula) || IsUniform(formula, type);
-    }
-}
-
-void RunThreads(std::function<void(unsigned int)> const& body) {
-    std::vector<std::thread> threads;
-    for (unsigned int i = 0; i < 4; ++i)
-        threads.emplace_back(body, i);
-    for (std::thread& thread : threads)
-        thread.join();
-}
-
-TEST(FormulaBag, IsSharedByThreadsThatWorkOnTwoBagsInEitherOrder) {
-    FormulaBag bags[2];
-    std::atomic<unsigned int> damage = 0;
-    RunThreads([&](unsigned int thread) {
-        Random random(thread);
-        for (unsigned int step = 0; step < 2000; ++step)
-            damage += !Work(random, step, bags[thread % 2], bags[random.Below(2)]);
-    });
-    EXPECT_EQ(damage, 0U);
-    for (FormulaBag& bag : bags)
-        for (EntityFullType const& type : GetTypes(bag))
-            EXPECT_TRUE(IsUniform(bag.GetFormula(type), type));
-}
-
-TEST(FormulaBag, IsComparedByThreadsInEitherOrder) {
-    FormulaBag bags[2]; // empty: the locks are all that takes time
-    std::atomic<unsigned int> unequal = 0;
-    RunThreads([&](unsigned int thread) {
-        for (unsigned int step = 0; step < 200000; ++step)
-            unequal += !(bags[thread % 2] == bags[1 - thread % 2]);
-    });
-    EXPECT_EQ(unequal, 0U);
-}
-
-TEST(FormulaBag, ShowsEveryThreadEitherTheOldFormulaOrTheNewOne) {
-    FormulaBag bag;
-    for (unsigned int i = 0; i < s_sharedTypes; ++i)
-        bag.SetFormula(MakeUniform(MakeType(i), 0));
-    std::atomic<unsigned int> damage = 0;
-    RunThreads([&](unsigned int thread) {
-        for (unsigned int step = 0; step < 1000; ++step) {
-            EntityFullType const type = MakeType((step + thread) % s_sharedTypes);
-            Formula formula;
-            bag.SetFormula(MakeUniform(type, step));
-            damage += !bag.GetFormula(type, formula) || !IsUniform(formula, type);
-            damage += FormulaBag(bag).GetEntityFullTypeListCount() != s_sharedTypes;
-            damage += GetTypes(bag).size() != s_sharedTypes;
-        }
-    });
-    EXPECT_EQ(damage, 0U);
 }
 
 } // namespace

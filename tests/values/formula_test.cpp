@@ -3,6 +3,7 @@
 #include "descriptor/EntityFullType.h"
 #include "descriptor/Formula.h"
 #include "descriptor/Function.h"
+#include "support/ExpectDistinct.h"
 #include "support/Random.h"
 
 #include <gtest/gtest.h>
@@ -120,14 +121,6 @@ TEST(Clause, CountsUpToTheLastId) {
     EXPECT_FALSE(applicable);
 }
 
-TEST(Formula, StrictEvaluationEndsAtARangeThatExcludesTheId) {
-    Formula formula(s_grid);
-    formula.PushBackClause(Clause::FromIdList({5}), s_grid, true);
-    formula.PushBackClause(Clause::FromIdRange(1, 3), s_grid, false);
-    EXPECT_FALSE(formula.IsIdWithin(5, false));
-    EXPECT_TRUE(formula.IsIdWithin(5, true));
-}
-
 TEST(Formula, WithoutClausesSelectsNothing) {
     EXPECT_FALSE(Formula().IsIdWithin(0, true));
     EXPECT_FALSE(Formula(s_grid).IsIdWithin(0, true));
@@ -151,13 +144,7 @@ std::vector<Clause> MakeDistinctClauses() {
             Clause::FromColor(Color(0, 0, 3))};
 }
 
-TEST(Clause, IsEqualToItsCopiesAlone) {
-    auto const clauses = MakeDistinctClauses();
-    auto const copies = clauses;
-    for (std::size_t i = 0; i < clauses.size(); ++i)
-        for (std::size_t j = 0; j < clauses.size(); ++j)
-            EXPECT_EQ(clauses[i] == copies[j], i == j) << i << ' ' << j;
-}
+TEST(Clause, IsEqualToItsCopiesAlone) { ExpectDistinct(MakeDistinctClauses()); }
 
 TEST(Clause, AnswersOnlyForItsOwnKind) {
     unsigned int start = 9, end = 9, step = 9;
@@ -259,24 +246,6 @@ TEST(Formula, EditsItsEntriesAsAVectorWould) {
     }
 }
 
-TEST(Formula, InsertionNeverAppends) {
-    Formula formula(s_grid);
-    formula.InsertClause(0, Clause::FromIdList({1}), s_grid, true);
-    EXPECT_EQ(formula.GetClauseCount(), 0U);
-    formula.PushBackClause(Clause::FromIdList({1}), s_grid, true);
-    formula.InsertClause(1, Clause::FromIdList({2}), s_grid, true);
-    EXPECT_EQ(formula.GetClauseCount(), 1U);
-}
-
-TEST(Formula, RemovalBackwardsTakesOneEntry) {
-    Formula formula(s_grid);
-    for (unsigned int id = 0; id < 4; ++id)
-        formula.PushBackClause(Clause::FromIdList({id}), s_grid, true);
-    formula.RemoveClauses(2, 1);
-    EXPECT_EQ(formula.GetClauseCount(), 3U);
-    EXPECT_EQ(formula.GetClauseReference(2), Clause::FromIdList({3}));
-}
-
 TEST(Formula, OfNoTypeTakesNoClauses) {
     Formula none;
     none.PushBackClause(Clause::FromIdList({1}), s_grid, true);
@@ -341,13 +310,7 @@ std::vector<Formula> MakeDistinctFormulas() {
     return formulas;
 }
 
-TEST(Formula, IsEqualToItsCopiesAlone) {
-    auto const formulas = MakeDistinctFormulas();
-    auto const copies = formulas;
-    for (std::size_t i = 0; i < formulas.size(); ++i)
-        for (std::size_t j = 0; j < formulas.size(); ++j)
-            EXPECT_EQ(formulas[i] == copies[j], i == j) << i << ' ' << j;
-}
+TEST(Formula, IsEqualToItsCopiesAlone) { ExpectDistinct(MakeDistinctFormulas()); }
 
 TEST(Formula, KeepsTheTopologyKindOfEverySourceButComparesWithoutIt) {
     EntityFullType const faces(EntityFullType::TopologyType{2}, "GRID", 0U);
@@ -407,10 +370,7 @@ TEST(Function, IsEqualToItsCopiesAlone) {
         Function(Function::Usage{1}, &targets[1], "f"),
         Function(Function::Usage{1}, "f", &targets[0], "f"),
     };
-    auto const copies = functions;
-    for (std::size_t i = 0; i < functions.size(); ++i)
-        for (std::size_t j = 0; j < functions.size(); ++j)
-            EXPECT_EQ(functions[i] == copies[j], i == j) << i << ' ' << j;
+    ExpectDistinct(functions);
 }
 
 } // namespace

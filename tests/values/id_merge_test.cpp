@@ -48,44 +48,6 @@ Ids Remove(Ids const& ids, Ids const& other) {
 
 // ---- the results ----
 
-TEST(EntityListBag, AddsTheIdsThatItDoesNotHoldInTheOthersOrder) {
-    struct {
-        Ids ids;
-        Ids other;
-        Ids sum;
-    } const cases[] = {
-        {{}, {}, {}},
-        {{1}, {}, {1}},
-        {{}, {3, 1, 3, 2, 1}, {3, 1, 2}},
-        {{5, 3}, {4, 3, 1, 5}, {5, 3, 4, 1}},
-        {{5, 5, 3, 5}, {3, 7, 7, 5}, {5, 5, 3, 5, 7}},
-        {{0}, {s_last, 0, s_last}, {0, s_last}},
-        {{s_last, 7}, {0, 0, 7}, {s_last, 7, 0}},
-        {{2147483648, 1}, {1, 2147483647, 2147483648}, {2147483648, 1, 2147483647}},
-    };
-    for (auto const& [ids, other, sum] : cases)
-        EXPECT_EQ(Add(ids, other), sum);
-}
-
-TEST(EntityListBag, RemovesEveryOccurrenceAndKeepsTheOrderOfTheRest) {
-    struct {
-        Ids ids;
-        Ids other;
-        Ids rest;
-    } const cases[] = {
-        {{}, {}, {}},
-        {{1}, {}, {1}},
-        {{}, {1}, {}},
-        {{5, 3, 5, 4, 3}, {5, 9, 5}, {3, 4, 3}},
-        {{5, 5, 3}, {3, 5}, {}},
-        {{0, 1, s_last}, {0}, {1, s_last}},
-        {{0, 1, s_last}, {s_last}, {0, 1}},
-        {{7, 8, 9}, {0, s_last}, {7, 8, 9}},
-    };
-    for (auto const& [ids, other, rest] : cases)
-        EXPECT_EQ(Remove(ids, other), rest);
-}
-
 TEST(EntityListBag, TakesOverWholeTheListsOfTypesThatItDoesNotHold) {
     EntityListBag bag = MakeBag(EntityList(EntityFullType("A"), {1}, {}));
     EntityListBag const other = MakeBag(EntityList(s_face, {2, 2, 1}, {'a', 'b', 'c'}));
@@ -291,14 +253,6 @@ TEST(EntityListBag, MergesEveryPatternOfIds) {
         ids.push_back(0);
         ExpectMergesAsOneByOne(ids, other);
     }
-}
-
-TEST(EntityListBag, MergesOneIdThatIsRepeatedAllOver) {
-    Ids ids(40'000, 123'456'789U);
-    ids.push_back(0);
-    ExpectMergesAsOneByOne(ids, {123'456'789, s_last});
-    ExpectMergesAsOneByOne({s_last, 1}, ids);
-    ExpectMergesAsOneByOne(ids, ids);
 }
 
 TEST(EntityListBag, MergesAMillionIds) {

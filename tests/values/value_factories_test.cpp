@@ -20,37 +20,6 @@ TEST(ArrayFactory, MakesEmptyListsWithRoom) {
     EXPECT_EQ(*value.GetValuePointerDoubleList(), (qzStlVector<double>{0, 1, 0, 0, 0, 2}));
 }
 
-TEST(ArrayFactory, MakesExactlyTheKindsThatExist) {
-    struct Row {
-        BasicType basic;
-        CompoundType compound;
-        bool list;
-        bool grid;
-    };
-    Row const rows[] = {
-        {BT_BOOL, CT_SCALAR, true, false},       {BT_CHAR, CT_SCALAR, true, false},
-        {BT_UCHAR, CT_SCALAR, false, false},     {BT_INT, CT_SCALAR, true, true},
-        {BT_UINT, CT_SCALAR, true, true},        {BT_SHORT, CT_SCALAR, false, false},
-        {BT_LONG, CT_SCALAR, true, true},        {BT_ULONG, CT_SCALAR, true, true},
-        {BT_FLOAT, CT_SCALAR, true, true},       {BT_DOUBLE, CT_SCALAR, true, true},
-        {BT_STRING, CT_SCALAR, true, false},     {BT_POINTER, CT_SCALAR, true, false},
-        {BT_DOUBLE, CT_COUPLE, true, false},     {BT_INT, CT_COUPLE, false, false},
-        {BT_INT, CT_TRIPLE, true, false},        {BT_DOUBLE, CT_TRIPLE, true, true},
-        {BT_FLOAT, CT_TRIPLE, false, false},     {BT_DOUBLE, CT_MATRIX33, false, false},
-        {BT_UINT, CT_COLOR, false, false},       {BT_OBJECT, CT_QUALIFIER, true, false},
-        {BT_OBJECT, CT_FORMULA, true, false},    {BT_UINT, CT_FORMULA, false, false},
-        {BT_POINTER, CT_FUNCTION, false, false}, {BT_NONE, CT_NONE, false, false},
-    };
-    for (Row const& row : rows) {
-        EXPECT_EQ(MakeArray(row.basic, row.compound, 4, 0).GetArrayDimension(), row.list ? 1u : 0u);
-        EXPECT_EQ(MakeArray(row.basic, row.compound, 4, 2).GetArrayDimension(), row.grid ? 2u : 0u);
-        EXPECT_EQ(MakeArray(row.basic, row.compound, 4, 0).GetValuePtr() != nullptr, row.list);
-        EXPECT_EQ(MakeArray(row.basic, row.compound, 4, 2).GetValuePtr() != nullptr, row.grid);
-        EXPECT_EQ(MakeArray(row.basic, row.compound, 0, 0).GetValuePtr(), nullptr);
-        EXPECT_EQ(MakeArray(row.basic, row.compound, 0, 2).GetValuePtr(), nullptr);
-    }
-}
-
 TEST(ArrayFactory, SelectsTheKindOfEntityCollectionByCount) {
     EXPECT_NE(MakeArray(BT_UINT, CT_ENTITY, 1, 0).GetValuePointerEntityList(), nullptr);
     EXPECT_EQ(MakeArray(BT_UINT, CT_ENTITY, 2, 0).GetValuePtr(), nullptr);

@@ -1,4 +1,5 @@
 #include "descriptor/qzdescriptor.h"
+#include "support/Threads.h"
 
 #include <gtest/gtest.h>
 
@@ -56,7 +57,7 @@ TEST(Threads, ValuesMadeOnOneThreadAreReleasedOnAnother) {
 
 TEST(Threads, EveryThreadMakesAndReleasesValuesOfEveryKind) {
     std::atomic<unsigned int> lost{0};
-    auto const work = [&lost] {
+    RunThreads(4, [&lost](unsigned int) {
         Value kept[64];
         for (unsigned int round = 0; round < 5000; ++round) {
             Value& value = kept[round % 64];
@@ -83,10 +84,7 @@ TEST(Threads, EveryThreadMakesAndReleasesValuesOfEveryKind) {
             if (!(copy == value) || (round % 5 == 3 && (number == nullptr || *number != round)))
                 ++lost;
         }
-    };
-    std::thread threads[] = {std::thread(work), std::thread(work), std::thread(work), std::thread(work)};
-    for (std::thread& thread : threads)
-        thread.join();
+    });
     EXPECT_EQ(lost, 0u);
 }
 

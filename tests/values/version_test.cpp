@@ -42,11 +42,9 @@ TEST(Version, ReadsItsFields) {
 }
 
 TEST(Version, OfAnInvalidTextIsZeroThroughout) {
+    // Which ones are invalid is a question for the scanner.
     for (qzString const& text :
-         {""s,           "1"s,         "1.2"s,       "1.2.3.4"s,    "01.2.3"s,     "1.02.3"s,
-          "1.2.03"s,     " 1.2.3"s,    "1.2.3 "s,    "1.2.3\n"s,    "v1.2.3"s,     "+1.2.3"s,
-          "1.2.-3"s,     "1.2.3-"s,    "1.2.3+"s,    "1.2.3-+b"s,   "1.2.3-a..b"s, "1.2.3-01"s,
-          "1.2.3-a.00"s, "1.2.3-a_b"s, "1.2.3+a+b"s, "1.2.3+a..b"s, "1.2.3\0"s,    "1.2.3-\xE9"s}) {
+         {""s, "01.2.3"s, " 1.2.3"s, "v1.2.3"s, "1.2.3-01"s, "1.2.3\0"s, "1.2.3-\xE9"s}) {
         EXPECT_FALSE(Version::IsValid(text)) << testing::PrintToString(text);
         EXPECT_EQ(GetFields(Version(text)), Fields(0, 0, 0, "", "")) << testing::PrintToString(text);
     }
