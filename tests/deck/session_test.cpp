@@ -332,6 +332,33 @@ TEST(Session, ObjectsAreCreatedUnderTheirOwnersAndGoWithThem) {
                              "deleted PCOMP 4\ndeleted ply 2\n");
 }
 
+TEST(Session, ListenersMayEndIt) {
+    using Change = qzReturnStatus (*)(Opened const&);
+    Change const changes[] = {
+        [](Opened const& deck) {
+            Entity point;
+            return deck.session->Create(EntityFullType("GRID"), point, Entity(), Identifier());
+        },
+        [](Opened const& deck) { return deck.session->Delete(deck.Find("PCOMP", 2)->GetEntity()); },
+        [](Opened const& deck) {
+            return deck.Find("FORCE", 1)->SetValue(Identifier("SID"), Value(77)); // of another set then
+        },
+        [](Opened const& deck) { return deck.session->Renumber(deck.Find("MAT1", 21)->GetEntity(), 99); },
+    };
+    for (Change const change : changes) {
+        Opened deck(OwnDeck("sampler.bdf"));
+        int calls = 0;
+        auto const end = [&](EntityEventInfo const&) {
+            ++calls;
+            deck.registry.RemoveSession(deck.session);
+        };
+        deck.session->GetSigSlotHandler()->GetEntityEventSignal()->Connect(end);
+        qzReturnStatus const status = change(deck);
+        EXPECT_EQ(status.status, 0) << status.message;
+        EXPECT_EQ(calls, 1);
+    }
+}
+
 TEST(Session, SectionsGoButForTheFirst) {
     Opened const deck(OwnDeck("sampler.bdf"));
     auto const end = [&](char const* type, unsigned int id) {

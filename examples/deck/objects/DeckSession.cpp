@@ -8,6 +8,7 @@
 #include "objects/DeckRegistry.h"
 #include "objects/PartPopulation.h"
 #include "objects/SetPopulation.h"
+#include "objects/entity_event.h"
 #include "objects/list_value.h"
 #include "references/card_ids.h"
 
@@ -178,7 +179,7 @@ qzReturnStatus DeckSession::P_Create(EntityFullType const& type, Entity& created
             parts->Refresh(*card);
     }
     created = object->GetEntity();
-    P_Emit(ENTITY_EVENT_CREATED, population->GetType(), {object->GetId()}, Identifier());
+    P_Tell({MakeEvent(ENTITY_EVENT_CREATED, population->GetType(), {object->GetId()})});
     return {};
 }
 
@@ -199,8 +200,10 @@ qzReturnStatus DeckSession::Delete(Entity const& entity) {
     }
     for (auto const& [population, ids] : deleted)
         P_RefreshSets(population->GetType().GetTypeNamed());
+    std::vector<EntityEventInfo> events;
     for (auto const& [population, ids] : deleted)
-        P_Emit(ENTITY_EVENT_DELETED, population->GetType(), ids, Identifier());
+        events.push_back(MakeEvent(ENTITY_EVENT_DELETED, population->GetType(), ids));
+    P_Tell(events);
     return {};
 }
 
@@ -236,6 +239,13 @@ bool DeckSession::P_RefreshSets(std::string_view card) {
 // --- changing ----------------------------------------------------------------------------------------
 
 void DeckSession::TellChange(CardObject& card, Identifier const& attribute) {
+    std::vector<EntityEventInfo> events;
+    P_NoteChange(card, attribute, events);
+    P_Tell(events);
+}
+
+void DeckSession::P_NoteChange(CardObject& card, Identifier const& attribute,
+                               std::vector<EntityEventInfo>& events) {
     ForgetLists(card);
     if (PartPopulation* const parts = P_PartsOf(card.GetCard().Name())) {
         for (PartObject* const part : parts->GetPartsOf(card))
@@ -245,19 +255,20 @@ void DeckSession::TellChange(CardObject& card, Identifier const& attribute) {
     Field const* const first = card.GetCards().GetField(0);
     bool const mayMove = first != nullptr && first->identifier == attribute;
     bool const hasMoved = mayMove && P_RefreshSets(card.GetCard().Name());
-    P_Emit(ENTITY_EVENT_CHANGED, card.GetEntityFullType(), {card.GetId()}, attribute);
+    EntityFullType const type = card.GetEntityFullType();
+    events.push_back(MakeEvent(ENTITY_EVENT_CHANGED, type, {card.GetId()}, attribute));
     if (hasMoved)
-        P_Emit(ENTITY_EVENT_OWNER_CHANGED, card.GetEntityFullType(), {card.GetId()}, Identifier());
+        events.push_back(MakeEvent(ENTITY_EVENT_OWNER_CHANGED, type, {card.GetId()}));
 }
 
-void DeckSession::P_Emit(ENTITY_EVENT_TYPE what, EntityFullType const& type,
-                         qzStlVector<unsigned int> const& ids, Identifier const& attribute) const {
-    EntityEventInfo event;
-    event.SetEventType(what);
-    event.SetEntityType(type);
-    event.SetIdentifier(attribute);
-    event.AddEntityIdList(ids);
-    GetSigSlotHandler()->Emit(EVENT_CATEGORY_ENTITY, event);
+// The last that is done of a change: any listener may end the session.
+void DeckSession::P_Tell(std::vector<EntityEventInfo> const& events) const {
+    std::weak_ptr<bool const> const alive = m_alive;
+    for (EntityEventInfo const& event : events) {
+        if (alive.expired())
+            return;
+        GetSigSlotHandler()->Emit(EVENT_CATEGORY_ENTITY, event);
+    }
 }
 
 ValuePtr const* DeckSession::P_KeepList(DeckObject const& object, unsigned int attribute,

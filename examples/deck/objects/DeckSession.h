@@ -35,8 +35,8 @@ class SetPopulation;
 ///     session.Get(ply)->SetValue(Identifier("T"), Value(0.5));
 ///     WriteDeck(session.GetModel(), "thicker.bdf");
 ///
-/// An entity goes with all that it owns; what refers to it leads nowhere then. Listeners are told of what has
-/// happened, and may not end the session then.
+/// An entity goes with all that it owns; what refers to it leads nowhere then. Listeners are told when all of
+/// a change is done, and may do anything, end the session included.
 class DeckSession final : public qzDescriptor::ISession {
 public:
     using Entity = qzDescriptor::Entity;
@@ -109,7 +109,8 @@ private:
     CardPopulation& P_GetCards(std::string const& name);
     std::vector<CardPopulation*> P_CardPopulations() const;
     unsigned int P_ChangeReferences(CardPopulation& cards, std::string_view referred, int old,
-                                    qzDescriptor::Value const& number);
+                                    qzDescriptor::Value const& number,
+                                    std::vector<qzDescriptor::EntityEventInfo>& events);
     PartPopulation* P_PartsOf(std::string_view card) const;
     /// Whether cards of that name are in sets at all.
     bool P_RefreshSets(std::string_view card);
@@ -117,8 +118,10 @@ private:
     qzDescriptor::ValuePtr const* P_KeepList(DeckObject const& object, unsigned int attribute,
                                              qzDescriptor::Value (*make)(DeckObject const&,
                                                                          unsigned int)) const;
-    void P_Emit(qzDescriptor::ENTITY_EVENT_TYPE what, EntityFullType const& type,
-                qzStlVector<unsigned int> const& ids, Identifier const& attribute) const;
+    /// What a change makes necessary, and the events that tell of it.
+    void P_NoteChange(CardObject& card, Identifier const& attribute,
+                      std::vector<qzDescriptor::EntityEventInfo>& events);
+    void P_Tell(std::vector<qzDescriptor::EntityEventInfo> const& events) const;
 
     DeckRegistry& m_registry;
     mutable Model m_model;
@@ -128,6 +131,7 @@ private:
     std::vector<SetPopulation*> m_sets;
     unsigned int m_wantedId = 0;
     std::vector<std::string> m_actionArguments;
+    std::shared_ptr<bool const> m_alive = std::make_shared<bool const>(true);
     mutable std::mutex m_listsMutex;
     mutable std::map<std::pair<DeckObject const*, unsigned int>, qzDescriptor::Value> m_lists;
 };
