@@ -1,7 +1,10 @@
 // The package `qzdescriptor` of Tcl, on a session of this program.
 
 #include "descriptor/ActionDefinition.h"
+#include "descriptor/Content.h"
 #include "descriptor/Definition.h"
+#include "descriptor/EntityList.h"
+#include "descriptor/EntityListBag.h"
 #include "descriptor/Metaobject.h"
 #include "descriptor/ScriptSession.h"
 #include "descriptor/Tuples.h"
@@ -146,13 +149,18 @@ TEST_F(TclSession, ReadsWhatItHasSet) {
     EXPECT_EQ(Evaluate("qz set $p angles {1 2}; qz get $p angles 1"), "2.0\n");
 }
 
-TEST_F(TclSession, ReadsTuplesAndNestedLists) {
+TEST_F(TclSession, ReadsTuplesNestedListsAndBags) {
     Metaobject const* const object =
         registry.GetSession("wing")->Get(Entity(EntityFullType("Special ply"), 1));
     qzStlVector<qzStlVector<int>> rows = {{1, 2}, {}, {3}};
+    EntityListBag bag;
+    bag.SetList(EntityList(EntityFullType("Laminate"), {1}, {}));
+    bag.SetList(EntityList(EntityFullType("Special ply"), {2, 1}, {}));
+    EXPECT_EQ(object->SetValue(Identifier("selected"), Content::MakeValue(bag)).status, 0);
     Value const axis(qzTTriple<double>{0, 0.5, 1}), grid(ValuePtr::Create(std::move(rows), DS_DEFAULT));
     EXPECT_EQ(object->SetValue(Identifier("axis"), axis).status, 0);
     EXPECT_EQ(object->SetValue(Identifier("grid"), grid).status, 0);
+    EXPECT_EQ(Evaluate("qz get $p selected"), "{Laminate 1} {{Special ply} 2} {{Special ply} 1}\n");
     EXPECT_EQ(Evaluate("qz get $p axis"), "0.0 0.5 1.0\n");
     EXPECT_EQ(Evaluate("qz get $p grid"), "{1 2} {} 3\n");
     EXPECT_EQ(Evaluate("lindex [qz get $p grid 0] 1"), "2\n");

@@ -34,41 +34,25 @@ Tcl_Obj* Give(qzTTriple<T> const& value) {
     return Tcl_NewListObj(3, parts);
 }
 
-/// Null when the element is of another type, or is not there.
-template <class T>
+/// Null when the element is of none of these types, or is not there.
+template <class... T>
 Tcl_Obj* Read(ValuePtr const& value, unsigned int i, unsigned int j) {
-    T element{};
-    return value.GetValue(element, i, j) ? Give(element) : nullptr;
+    Tcl_Obj* read = nullptr;
+    auto const take = [&](auto element) {
+        read = value.GetValue(element, i, j) ? Give(element) : nullptr;
+        return read != nullptr;
+    };
+    static_cast<void>((take(T{}) || ...));
+    return read;
 }
-
-using Reader = Tcl_Obj* (*)(ValuePtr const&, unsigned int, unsigned int);
-constexpr Reader s_readers[] = {
-    Read<double>,
-    Read<int>,
-    Read<qzString>,
-    Read<Entity>,
-    Read<bool>,
-    Read<unsigned int>,
-    Read<float>,
-    Read<char>,
-    Read<unsigned char>,
-    Read<short>,
-    Read<unsigned short>,
-    Read<long>,
-    Read<qzTCouple<double>>,
-    Read<qzTCouple<float>>,
-    Read<qzTCouple<int>>,
-    Read<qzTTriple<double>>,
-    Read<qzTTriple<float>>,
-    Read<qzTTriple<int>>,
-};
 
 /// Null when there is no such element.
 Tcl_Obj* FindElement(ValuePtr const& value, unsigned int i, unsigned int j) {
-    for (Reader const read : s_readers) {
-        if (Tcl_Obj* const element = read(value, i, j))
-            return element;
-    }
+    if (Tcl_Obj* const element =
+            Read<double, int, qzString, Entity, bool, unsigned int, float, char, unsigned char, short,
+                 unsigned short, long, qzTCouple<double>, qzTCouple<float>, qzTCouple<int>, qzTTriple<double>,
+                 qzTTriple<float>, qzTTriple<int>>(value, i, j))
+        return element;
     qzString text;
     return value.GetValueAsString(text, nullptr, i, j) ? GiveText(text) : nullptr;
 }
@@ -122,8 +106,7 @@ qzString ToTextFor(Definition const& definition, Tcl_Obj* word) {
 } // namespace
 
 Tcl_Obj* GiveValue(ValuePtr const& value) {
-    EntityListBag bag;
-    if (value.GetValue(bag))
+    if (EntityListBag bag; value.IsBagType() && value.GetValue(bag))
         return GiveEntities(bag);
     unsigned int const dimension = value.GetArrayDimension();
     if (value.IsBagType() || dimension > 2)
