@@ -142,7 +142,8 @@ TEST(Session, QueriesFindWhatALoopFinds) {
                                       field.definition.GetValueBasicType() == BT_DOUBLE;
                 if (!isNumber || kind.definition->AlternativesTo(field).size() > 1)
                     continue;
-                double const limit = static_cast<double>(random() % 2000) / 10.0;
+                auto const tenths = static_cast<unsigned int>(random() % 2000);
+                double const limit = tenths / 10.0;
                 unsigned int expected = 0;
                 for (Card const& card : model.Cards()) {
                     if (&card.Kind() != &kind)
@@ -150,8 +151,8 @@ TEST(Session, QueriesFindWhatALoopFinds) {
                     auto const number = NumberAt(card, PlaceOf(field.position), field);
                     expected += number && *number > limit ? 1U : 0U;
                 }
-                std::string const query =
-                    '"' + field.identifier.GetNameKey() + "\" > " + std::to_string(limit);
+                std::string const query = '"' + field.identifier.GetNameKey() + "\" > " +
+                                          std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);
                 EntityList found;
                 deck.session->Collect(found, EntityFullType(kind.name), query);
                 EXPECT_EQ(found.GetIdListCount(), expected) << path << ' ' << kind.name << ' ' << query;
