@@ -4,6 +4,7 @@
 #include "cards/registry.h"
 #include "check/Finding.h"
 #include "deck/DeckFolder.h"
+#include "descriptor/Allowables.h"
 #include "descriptor/Definition.h"
 #include "descriptor/EntityListBag.h"
 #include "descriptor/Members.h"
@@ -358,6 +359,28 @@ TEST(Session, ListenersMayEndIt) {
         EXPECT_EQ(status.status, 0) << status.message;
         EXPECT_EQ(calls, 1);
     }
+}
+
+TEST(Session, ACardMayHaveAllowablesOfItsOwn) {
+    Opened const deck(OwnDeck("sampler.bdf"));
+    DeckObject& plate = *deck.Find("PSHELL", 1);
+    Identifier const thickness("T");
+    ASSERT_EQ(plate.SetValue(thickness, Value(9.0)).status, 0);
+    Allowables const thin(BoundT<double>(5.0, BoundT<double>::LessOrEqual), 4.0);
+    EXPECT_TRUE(plate.SetAllowables(thickness, thin));
+    EXPECT_EQ(TextOf(plate, thickness), "4"); // the default, in place of what is refused now
+    EXPECT_NE(plate.SetValue(thickness, Value(6.0)).status, 0);
+    EXPECT_EQ(plate.SetValue(thickness, Value(5.0)).status, 0);
+    Allowables given;
+    EXPECT_TRUE(plate.GetAllowables(thickness, given) && given == thin);
+    EXPECT_FALSE(plate.SetAllowables(Identifier("X"), Allowables()));
+
+    Entity const other = deck.Create("PSHELL");
+    EXPECT_EQ(deck.session->Get(other)->SetValue(thickness, Value(6.0)).status, 0);
+    EXPECT_EQ(deck.session->Delete(plate.GetEntity()).status, 0);
+    Entity again;
+    deck.session->CreateWithId(EntityFullType("PSHELL"), 1, again, Entity(), Identifier());
+    EXPECT_EQ(deck.session->Get(again)->SetValue(thickness, Value(6.0)).status, 0);
 }
 
 TEST(Session, SectionsGoButForTheFirst) {

@@ -41,6 +41,12 @@ private:
     Lists m_lists;
 };
 
+/// Of a map by object and attribute.
+template <class Map>
+void EraseAllOf(Map& map, DeckObject const& object) {
+    map.erase(map.lower_bound({&object, 0}), map.upper_bound({&object, 0xFFFFFFFF}));
+}
+
 bool IsNamed(SetRow const& row, std::string_view card) { return IsMember(TraitsOf(row.family), card); }
 
 } // namespace
@@ -196,6 +202,7 @@ qzReturnStatus DeckSession::Delete(Entity const& entity) {
     for (DeckObject* const object : doomed) {
         deleted.Add(*object);
         ForgetLists(*object);
+        EraseAllOf(m_ownDefinitions, *object);
         object->End();
     }
     for (auto const& [population, ids] : deleted)
@@ -301,7 +308,17 @@ ValuePtr const* DeckSession::GetList(PartObject const& part, unsigned int attrib
 
 void DeckSession::ForgetLists(DeckObject const& object) {
     std::lock_guard const lock(m_listsMutex);
-    m_lists.erase(m_lists.lower_bound({&object, 0}), m_lists.upper_bound({&object, 0xFFFFFFFF}));
+    EraseAllOf(m_lists, object);
+}
+
+Definition const* DeckSession::FindOwnDefinition(DeckObject const& object, unsigned int attribute) const {
+    auto const found = m_ownDefinitions.find({&object, attribute});
+    return found == m_ownDefinitions.end() ? nullptr : &found->second;
+}
+
+void DeckSession::SetOwnDefinition(DeckObject const& object, unsigned int attribute,
+                                   Definition const& definition) {
+    m_ownDefinitions[{&object, attribute}] = definition;
 }
 
 // --- finding -----------------------------------------------------------------------------------------

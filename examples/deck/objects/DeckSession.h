@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cards/families.h"
+#include "descriptor/Definition.h"
 #include "descriptor/EntityEventInfo.h"
 #include "descriptor/ISession.h"
 #include "descriptor/Identifier.h"
@@ -88,6 +89,10 @@ public:
     qzDescriptor::ValuePtr const* GetList(CardObject const& card, unsigned int attribute) const;
     qzDescriptor::ValuePtr const* GetList(PartObject const& part, unsigned int attribute) const;
     void ForgetLists(DeckObject const& object);
+    /// What an attribute is for one object alone; null where it is what it is for all.
+    qzDescriptor::Definition const* FindOwnDefinition(DeckObject const& object, unsigned int attribute) const;
+    void SetOwnDefinition(DeckObject const& object, unsigned int attribute,
+                          qzDescriptor::Definition const& definition);
     /// To be called when a field of a card has changed.
     void TellChange(CardObject& card, Identifier const& attribute);
     DeckObject* FindSetOf(CardObject const& card, Identifier& attribute) const;
@@ -129,6 +134,7 @@ private:
     std::vector<std::unique_ptr<Population>> m_populations; // by metaclass; null where nothing is
     mutable std::atomic<Population*> m_lastFound = nullptr; // most look-ups are for the type of the last one
     std::vector<SetPopulation*> m_sets;
+    std::map<std::pair<DeckObject const*, unsigned int>, qzDescriptor::Definition> m_ownDefinitions;
     unsigned int m_wantedId = 0;
     std::vector<std::string> m_actionArguments;
     std::shared_ptr<bool const> m_alive = std::make_shared<bool const>(true);
