@@ -167,6 +167,10 @@ TEST(Command, ObjectsAreFoundShownAndChanged) {
         {"query " + bridge + "\"line property\" \"MID = 1\" --csv", 0, "type,id,PID,MID\n"},
         {"query " + bridge + "PSHELL \"T > 10\" --explain 1", 0, "PSHELL 1: T > 10 is false: T is 8\n"},
         {"query " + bridge + "element \"EID = or\"", 2, "qzdeck: at 7: found 'or', expected a value\n"},
+        {"query " + bridge + "element \"G1 = 106 or GA = 106 or M > 1\"", 0,
+         "CQUAD4 1011\nCBAR 2006\nCBAR 3011\n"},
+        {"query " + bridge + "element \"GA = 1 and weight > 2\"", 2,
+         "qzdeck: 'weight' is no attribute of element\n"},
         {"query " + bridge + "element \"weight > 2\"", 2, "qzdeck: 'weight' is no attribute of element\n"},
         {"set " + bridge + "PSHELL 1 T=12. NSM=-1.-3" + output, 0, ""},
         {"set " + sampler + "PCOMP 2 \"T(2)=.25\"" + output, 0, ""},
@@ -225,6 +229,19 @@ TEST(Command, PythonWorksOnTheObjectsOfADeck) {
     Outcome const changed = Call(folder, "script " + bridge + '"' + script + '"' + toOutput);
     EXPECT_EQ(changed.output, "4\n") << changed.errors;
     EXPECT_EQ(Call(folder, "query \"" + output + "\" PSHELL \"T = 4\" --count").output, "1\n");
+}
+#endif
+
+#ifndef QZ_WITH_PYTHON
+TEST(Command, TellsThatThereIsNoPython) {
+    DeckFolder const folder;
+    std::string const bridge = '"' + OwnDeck("footbridge.bdf") + "\" ";
+    Outcome const action = Call(folder, "run " + bridge + "PSHELL 1 \"Scale thickness\"");
+    EXPECT_EQ(action.status, 1);
+    EXPECT_EQ(action.errors, "qzdeck: Interpretor not found\n");
+    Outcome const script = Call(folder, "script " + bridge + '"' + folder.Write("script.py", "1") + '"');
+    EXPECT_EQ(script.status, 1);
+    EXPECT_EQ(script.errors, "qzdeck: there is no interpreter of python\n");
 }
 #endif
 

@@ -4,6 +4,7 @@
 #include "cards/registry.h"
 #include "check/Finding.h"
 #include "deck/DeckFolder.h"
+#include "descriptor/Allowables.h"
 #include "descriptor/Definition.h"
 #include "descriptor/EntityListBag.h"
 #include "descriptor/Members.h"
@@ -135,7 +136,8 @@ TEST(Session, QueriesFindWhatALoopFinds) {
                                       field.definition.GetValueBasicType() == BT_DOUBLE;
                 if (!isNumber || kind.definition->AlternativesTo(field).size() > 1)
                     continue;
-                double const limit = static_cast<double>(random() % 2000) / 10.0;
+                auto const tenths = static_cast<unsigned int>(random() % 2000);
+                double const limit = tenths / 10.0;
                 unsigned int expected = 0;
                 for (Card const& card : model.Cards()) {
                     if (&card.Kind() != &kind)
@@ -143,8 +145,8 @@ TEST(Session, QueriesFindWhatALoopFinds) {
                     auto const number = NumberAt(card, PlaceOf(field.position), field);
                     expected += number && *number > limit ? 1U : 0U;
                 }
-                std::string const query =
-                    '"' + field.identifier.GetNameKey() + "\" > " + std::to_string(limit);
+                std::string const query = '"' + field.identifier.GetNameKey() + "\" > " +
+                                          std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);
                 EntityList found;
                 deck.session->Collect(found, EntityFullType(kind.name), query);
                 EXPECT_EQ(found.GetIdListCount(), expected) << path << ' ' << kind.name << ' ' << query;
@@ -323,6 +325,55 @@ TEST(Session, ObjectsAreCreatedUnderTheirOwnersAndGoWithThem) {
     EXPECT_EQ(listener.text, "created load set 3\ncreated FORCE 2\ncreated ply 2\ncreated GRID 2\n"
                              "changed PCOMP 4 T\ndeleted ply 1\ndeleted load set 2\ndeleted FORCE 1\n"
                              "deleted PCOMP 4\ndeleted ply 2\n");
+}
+
+TEST(Session, ListenersMayEndIt) {
+    using Change = qzReturnStatus (*)(Opened const&);
+    Change const changes[] = {
+        [](Opened const& deck) {
+            Entity point;
+            return deck.session->Create(EntityFullType("GRID"), point, Entity(), Identifier());
+        },
+        [](Opened const& deck) { return deck.session->Delete(deck.Find("PCOMP", 2)->GetEntity()); },
+        [](Opened const& deck) {
+            return deck.Find("FORCE", 1)->SetValue(Identifier("SID"), Value(77)); // of another set then
+        },
+        [](Opened const& deck) { return deck.session->Renumber(deck.Find("MAT1", 21)->GetEntity(), 99); },
+    };
+    for (Change const change : changes) {
+        Opened deck(OwnDeck("sampler.bdf"));
+        int calls = 0;
+        auto const end = [&](EntityEventInfo const&) {
+            ++calls;
+            deck.registry.RemoveSession(deck.session);
+        };
+        deck.session->GetSigSlotHandler()->GetEntityEventSignal()->Connect(end);
+        qzReturnStatus const status = change(deck);
+        EXPECT_EQ(status.status, 0) << status.message;
+        EXPECT_EQ(calls, 1);
+    }
+}
+
+TEST(Session, ACardMayHaveAllowablesOfItsOwn) {
+    Opened const deck(OwnDeck("sampler.bdf"));
+    DeckObject& plate = *deck.Find("PSHELL", 1);
+    Identifier const thickness("T");
+    ASSERT_EQ(plate.SetValue(thickness, Value(9.0)).status, 0);
+    Allowables const thin(BoundT<double>(5.0, BoundT<double>::LessOrEqual), 4.0);
+    EXPECT_TRUE(plate.SetAllowables(thickness, thin));
+    EXPECT_EQ(TextOf(plate, thickness), "4"); // the default, in place of what is refused now
+    EXPECT_NE(plate.SetValue(thickness, Value(6.0)).status, 0);
+    EXPECT_EQ(plate.SetValue(thickness, Value(5.0)).status, 0);
+    Allowables given;
+    EXPECT_TRUE(plate.GetAllowables(thickness, given) && given == thin);
+    EXPECT_FALSE(plate.SetAllowables(Identifier("X"), Allowables()));
+
+    Entity const other = deck.Create("PSHELL");
+    EXPECT_EQ(deck.session->Get(other)->SetValue(thickness, Value(6.0)).status, 0);
+    EXPECT_EQ(deck.session->Delete(plate.GetEntity()).status, 0);
+    Entity again;
+    deck.session->CreateWithId(EntityFullType("PSHELL"), 1, again, Entity(), Identifier());
+    EXPECT_EQ(deck.session->Get(again)->SetValue(thickness, Value(6.0)).status, 0);
 }
 
 TEST(Session, SectionsGoButForTheFirst) {

@@ -1,6 +1,7 @@
 #include "commands/commands.h"
 #include "commands/field_words.h"
 #include "commands/find_object.h"
+#include "commands/query_check.h"
 #include "commands/read_deck.h"
 #include "descriptor/EntityList.h"
 #include "descriptor/QueryCheck.h"
@@ -26,17 +27,6 @@ std::vector<EntityList> CollectAll(DeckSession const& session, std::vector<unsig
             found.push_back(std::move(list));
     }
     return found;
-}
-
-/// A query is right when it is for some type; what other types lack they do not have.
-qzReturnStatus CheckForTypes(DeckSession const& session, std::vector<unsigned int> const& metaclasses,
-                             std::string const& query) {
-    auto const check = [&](unsigned int metaclass) {
-        return CheckQuery(session, session.GetRegistry().RegisterMetaclass(metaclass), query);
-    };
-    bool const isRight = std::ranges::any_of(
-        metaclasses, [&](unsigned int metaclass) { return check(metaclass).status == 0; });
-    return isRight ? qzReturnStatus() : check(metaclasses.front());
 }
 
 std::vector<std::string> CellsOf(DeckObject const& object, qzStlVector<Identifier> const& attributes) {
@@ -91,7 +81,7 @@ int Query(Arguments const& arguments) {
     if (metaclass == 0)
         return s_failure;
     auto const metaclasses = Descendants(registry, metaclass);
-    if (auto const status = CheckForTypes(*session, metaclasses, arguments.text); status.status != 0)
+    if (auto const status = CheckQueryOverTypes(*session, metaclasses, arguments.text); status.status != 0)
         return Refuse(status.message, s_failure);
     if (arguments.explained != 0)
         return Explain(*session, metaclasses, arguments);

@@ -1,6 +1,7 @@
 #include "objects/CardObject.h"
 
 #include "check/Finding.h"
+#include "descriptor/Allowables.h"
 #include "descriptor/Definition.h"
 #include "descriptor/Members.h"
 #include "objects/CardPopulation.h"
@@ -98,11 +99,34 @@ Origin CardObject::GetOrigin(Identifier const& attribute) const {
 
 // --- writing -----------------------------------------------------------------------------------------
 
+/// By what the field is on this card.
+std::optional<std::string> CardObject::P_FindFault(Field const* field, Value const& value) const {
+    Definition const* const own =
+        field == nullptr
+            ? nullptr
+            : GetPopulation().GetSession().FindOwnDefinition(*this, P_FindAttribute(field->identifier));
+    if (own == nullptr)
+        return FindFault(field, value);
+    Field changed = *field;
+    changed.definition = *own;
+    return FindFault(&changed, value);
+}
+
+bool CardObject::P_SetAllowables(Identifier const& attribute, Allowables const& allowables) {
+    unsigned int const index = P_FindAttribute(attribute);
+    if (!IsValid() || index == Members::s_none || GetCards().GetField(index) == nullptr)
+        return false;
+    Definition definition = *GetDefinition(attribute);
+    definition.SetAllowables(allowables);
+    GetPopulation().GetSession().SetOwnDefinition(*this, index, definition);
+    return true;
+}
+
 qzReturnStatus CardObject::P_Check(Field const* field, Value const& value) const {
     if (IsBlank(value))
         return field != nullptr && IsRequired(*field) ? Refusal("a required field is blank")
                                                       : qzReturnStatus();
-    if (auto fault = FindFault(field, value))
+    if (auto fault = P_FindFault(field, value))
         return Refusal(std::move(*fault));
     Family const family = field == nullptr ? Family::None : FamilyOf(*field);
     int id = 0;

@@ -4,6 +4,8 @@
 #include "objects/DeckObject.h"
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
 namespace qzDeck {
 
@@ -51,9 +53,14 @@ public:
     /// The first field as an unsigned number: the id, or the set; 0 when it is none.
     unsigned int GetFirstNumber() const;
 
+protected:
+    /// For this card alone, and as long as its session lives: a deck has no place for it.
+    bool P_SetAllowables(Identifier const& attribute, qzDescriptor::Allowables const& allowables) override;
+
 private:
     friend class CardPopulation;
 
+    std::optional<std::string> P_FindFault(Field const* field, qzDescriptor::Value const& value) const;
     qzDescriptor::qzReturnStatus P_SetList(Identifier const& attribute,
                                            qzDescriptor::Value const& list) const;
     qzDescriptor::qzReturnStatus P_Check(Field const* field, qzDescriptor::Value const& value) const;

@@ -33,7 +33,9 @@ bool DeckObject::GetAttributeIdentifiers(qzStlVector<Identifier>& identifiers) c
 }
 
 Definition const* DeckObject::GetDefinition(Identifier const& attribute) const {
-    return m_population->GetMembers().GetVariableDefinition(P_FindAttribute(attribute));
+    unsigned int const index = P_FindAttribute(attribute);
+    Definition const* const own = m_population->GetSession().FindOwnDefinition(*this, index);
+    return own != nullptr ? own : m_population->GetMembers().GetVariableDefinition(index);
 }
 
 bool DeckObject::GetAllowables(Identifier const& attribute, Allowables& allowables) const {

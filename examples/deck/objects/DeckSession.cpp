@@ -8,6 +8,7 @@
 #include "objects/DeckRegistry.h"
 #include "objects/PartPopulation.h"
 #include "objects/SetPopulation.h"
+#include "objects/entity_event.h"
 #include "objects/list_value.h"
 #include "references/card_ids.h"
 
@@ -39,6 +40,12 @@ private:
     using Lists = std::vector<std::pair<Population const*, qzStlVector<unsigned int>>>;
     Lists m_lists;
 };
+
+/// Of a map by object and attribute.
+template <class Map>
+void EraseAllOf(Map& map, DeckObject const& object) {
+    map.erase(map.lower_bound({&object, 0}), map.upper_bound({&object, 0xFFFFFFFF}));
+}
 
 bool IsNamed(SetRow const& row, std::string_view card) { return IsMember(TraitsOf(row.family), card); }
 
@@ -178,7 +185,7 @@ qzReturnStatus DeckSession::P_Create(EntityFullType const& type, Entity& created
             parts->Refresh(*card);
     }
     created = object->GetEntity();
-    P_Emit(ENTITY_EVENT_CREATED, population->GetType(), {object->GetId()}, Identifier());
+    P_Tell({MakeEvent(ENTITY_EVENT_CREATED, population->GetType(), {object->GetId()})});
     return {};
 }
 
@@ -195,12 +202,15 @@ qzReturnStatus DeckSession::Delete(Entity const& entity) {
     for (DeckObject* const object : doomed) {
         deleted.Add(*object);
         ForgetLists(*object);
+        EraseAllOf(m_ownDefinitions, *object);
         object->End();
     }
     for (auto const& [population, ids] : deleted)
         P_RefreshSets(population->GetType().GetTypeNamed());
+    std::vector<EntityEventInfo> events;
     for (auto const& [population, ids] : deleted)
-        P_Emit(ENTITY_EVENT_DELETED, population->GetType(), ids, Identifier());
+        events.push_back(MakeEvent(ENTITY_EVENT_DELETED, population->GetType(), ids));
+    P_Tell(events);
     return {};
 }
 
@@ -236,6 +246,13 @@ bool DeckSession::P_RefreshSets(std::string_view card) {
 // --- changing ----------------------------------------------------------------------------------------
 
 void DeckSession::TellChange(CardObject& card, Identifier const& attribute) {
+    std::vector<EntityEventInfo> events;
+    P_NoteChange(card, attribute, events);
+    P_Tell(events);
+}
+
+void DeckSession::P_NoteChange(CardObject& card, Identifier const& attribute,
+                               std::vector<EntityEventInfo>& events) {
     ForgetLists(card);
     if (PartPopulation* const parts = P_PartsOf(card.GetCard().Name())) {
         for (PartObject* const part : parts->GetPartsOf(card))
@@ -245,19 +262,20 @@ void DeckSession::TellChange(CardObject& card, Identifier const& attribute) {
     Field const* const first = card.GetCards().GetField(0);
     bool const mayMove = first != nullptr && first->identifier == attribute;
     bool const hasMoved = mayMove && P_RefreshSets(card.GetCard().Name());
-    P_Emit(ENTITY_EVENT_CHANGED, card.GetEntityFullType(), {card.GetId()}, attribute);
+    EntityFullType const type = card.GetEntityFullType();
+    events.push_back(MakeEvent(ENTITY_EVENT_CHANGED, type, {card.GetId()}, attribute));
     if (hasMoved)
-        P_Emit(ENTITY_EVENT_OWNER_CHANGED, card.GetEntityFullType(), {card.GetId()}, Identifier());
+        events.push_back(MakeEvent(ENTITY_EVENT_OWNER_CHANGED, type, {card.GetId()}));
 }
 
-void DeckSession::P_Emit(ENTITY_EVENT_TYPE what, EntityFullType const& type,
-                         qzStlVector<unsigned int> const& ids, Identifier const& attribute) const {
-    EntityEventInfo event;
-    event.SetEventType(what);
-    event.SetEntityType(type);
-    event.SetIdentifier(attribute);
-    event.AddEntityIdList(ids);
-    GetSigSlotHandler()->Emit(EVENT_CATEGORY_ENTITY, event);
+// The last that is done of a change: any listener may end the session.
+void DeckSession::P_Tell(std::vector<EntityEventInfo> const& events) const {
+    std::weak_ptr<bool const> const alive = m_alive;
+    for (EntityEventInfo const& event : events) {
+        if (alive.expired())
+            return;
+        GetSigSlotHandler()->Emit(EVENT_CATEGORY_ENTITY, event);
+    }
 }
 
 ValuePtr const* DeckSession::P_KeepList(DeckObject const& object, unsigned int attribute,
@@ -290,7 +308,17 @@ ValuePtr const* DeckSession::GetList(PartObject const& part, unsigned int attrib
 
 void DeckSession::ForgetLists(DeckObject const& object) {
     std::lock_guard const lock(m_listsMutex);
-    m_lists.erase(m_lists.lower_bound({&object, 0}), m_lists.upper_bound({&object, 0xFFFFFFFF}));
+    EraseAllOf(m_lists, object);
+}
+
+Definition const* DeckSession::FindOwnDefinition(DeckObject const& object, unsigned int attribute) const {
+    auto const found = m_ownDefinitions.find({&object, attribute});
+    return found == m_ownDefinitions.end() ? nullptr : &found->second;
+}
+
+void DeckSession::SetOwnDefinition(DeckObject const& object, unsigned int attribute,
+                                   Definition const& definition) {
+    m_ownDefinitions[{&object, attribute}] = definition;
 }
 
 // --- finding -----------------------------------------------------------------------------------------

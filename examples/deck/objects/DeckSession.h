@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cards/families.h"
+#include "descriptor/Definition.h"
 #include "descriptor/EntityEventInfo.h"
 #include "descriptor/ISession.h"
 #include "descriptor/Identifier.h"
@@ -35,8 +36,8 @@ class SetPopulation;
 ///     session.Get(ply)->SetValue(Identifier("T"), Value(0.5));
 ///     WriteDeck(session.GetModel(), "thicker.bdf");
 ///
-/// An entity goes with all that it owns; what refers to it leads nowhere then. Listeners are told of what has
-/// happened, and may not end the session then.
+/// An entity goes with all that it owns; what refers to it leads nowhere then. Listeners are told when all of
+/// a change is done, and may do anything, end the session included.
 class DeckSession final : public qzDescriptor::ISession {
 public:
     using Entity = qzDescriptor::Entity;
@@ -88,6 +89,10 @@ public:
     qzDescriptor::ValuePtr const* GetList(CardObject const& card, unsigned int attribute) const;
     qzDescriptor::ValuePtr const* GetList(PartObject const& part, unsigned int attribute) const;
     void ForgetLists(DeckObject const& object);
+    /// What an attribute is for one object alone; null where it is what it is for all.
+    qzDescriptor::Definition const* FindOwnDefinition(DeckObject const& object, unsigned int attribute) const;
+    void SetOwnDefinition(DeckObject const& object, unsigned int attribute,
+                          qzDescriptor::Definition const& definition);
     /// To be called when a field of a card has changed.
     void TellChange(CardObject& card, Identifier const& attribute);
     DeckObject* FindSetOf(CardObject const& card, Identifier& attribute) const;
@@ -109,7 +114,8 @@ private:
     CardPopulation& P_GetCards(std::string const& name);
     std::vector<CardPopulation*> P_CardPopulations() const;
     unsigned int P_ChangeReferences(CardPopulation& cards, std::string_view referred, int old,
-                                    qzDescriptor::Value const& number);
+                                    qzDescriptor::Value const& number,
+                                    std::vector<qzDescriptor::EntityEventInfo>& events);
     PartPopulation* P_PartsOf(std::string_view card) const;
     /// Whether cards of that name are in sets at all.
     bool P_RefreshSets(std::string_view card);
@@ -117,8 +123,10 @@ private:
     qzDescriptor::ValuePtr const* P_KeepList(DeckObject const& object, unsigned int attribute,
                                              qzDescriptor::Value (*make)(DeckObject const&,
                                                                          unsigned int)) const;
-    void P_Emit(qzDescriptor::ENTITY_EVENT_TYPE what, EntityFullType const& type,
-                qzStlVector<unsigned int> const& ids, Identifier const& attribute) const;
+    /// What a change makes necessary, and the events that tell of it.
+    void P_NoteChange(CardObject& card, Identifier const& attribute,
+                      std::vector<qzDescriptor::EntityEventInfo>& events);
+    void P_Tell(std::vector<qzDescriptor::EntityEventInfo> const& events) const;
 
     DeckRegistry& m_registry;
     mutable Model m_model;
@@ -126,8 +134,10 @@ private:
     std::vector<std::unique_ptr<Population>> m_populations; // by metaclass; null where nothing is
     mutable std::atomic<Population*> m_lastFound = nullptr; // most look-ups are for the type of the last one
     std::vector<SetPopulation*> m_sets;
+    std::map<std::pair<DeckObject const*, unsigned int>, qzDescriptor::Definition> m_ownDefinitions;
     unsigned int m_wantedId = 0;
     std::vector<std::string> m_actionArguments;
+    std::shared_ptr<bool const> m_alive = std::make_shared<bool const>(true);
     mutable std::mutex m_listsMutex;
     mutable std::map<std::pair<DeckObject const*, unsigned int>, qzDescriptor::Value> m_lists;
 };

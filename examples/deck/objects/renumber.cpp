@@ -3,6 +3,7 @@
 #include "objects/CardPopulation.h"
 #include "objects/DeckRegistry.h"
 #include "objects/DeckSession.h"
+#include "objects/entity_event.h"
 #include "references/dangling.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ bool HasNumber(CardObject const& object, PlacedField const& placed, std::size_t 
 } // namespace
 
 unsigned int DeckSession::P_ChangeReferences(CardPopulation& cards, std::string_view referred, int old,
-                                             Value const& number) {
+                                             Value const& number, std::vector<EntityEventInfo>& events) {
     unsigned int count = 0;
     PlacedFields placed;
     cards.ForEach([&](CardObject& object) {
@@ -59,7 +60,7 @@ unsigned int DeckSession::P_ChangeReferences(CardPopulation& cards, std::string_
             ++count;
             Identifier const attribute = placed[place].GetIdentifier(place);
             object.GetCard().Set(attribute, number);
-            TellChange(object, attribute);
+            P_NoteChange(object, attribute, events);
         }
     });
     return count;
@@ -81,13 +82,14 @@ qzReturnStatus DeckSession::Renumber(Entity const& entity, unsigned int id) {
     unsigned int const oldId = object->GetId();
     object->GetCard().Set(object->GetCard().Kind().definition->AllFields().front().identifier, number);
     object->GetCards().Renumber(*object, id);
-    P_Emit(ENTITY_EVENT_DELETED, type, {oldId}, Identifier());
-    P_Emit(ENTITY_EVENT_CREATED, type, {id}, Identifier());
+    std::vector<EntityEventInfo> events = {MakeEvent(ENTITY_EVENT_DELETED, type, {oldId}),
+                                           MakeEvent(ENTITY_EVENT_CREATED, type, {id})};
     unsigned int references = 0;
     for (CardPopulation* const cards : P_CardPopulations()) {
         if (MayReferTo(cards->GetDefinition(), name))
-            references += P_ChangeReferences(*cards, name, static_cast<int>(old), number);
+            references += P_ChangeReferences(*cards, name, static_cast<int>(old), number, events);
     }
+    P_Tell(events);
     return {0, name + ' ' + std::to_string(old) + " is " + name + ' ' + std::to_string(id) + " now, for " +
                    std::to_string(references) + (references == 1 ? " reference" : " references") + " to it."};
 }

@@ -1,5 +1,7 @@
 #include "TclInterp.h"
 
+#include "../src/SharedLibrary.h"
+
 #include <limits>
 #include <utility>
 #include <vector>
@@ -47,6 +49,15 @@ struct ToTcl {
     Tcl_Obj* operator()(qzString const& value) const { return MakeText(value); }
 };
 
+/// The packages of this project are beside the libraries, where they were built or installed.
+void AddPackageFolder(Tcl_Interp* interp) {
+    std::filesystem::path const folder = SharedLibrary::GetFolderOf(&TclInterp::Open) / "tcl";
+    std::error_code ignored;
+    if (std::filesystem::exists(folder, ignored))
+        Tcl_SetVar2Ex(interp, "auto_path", nullptr, MakeText(folder.generic_string()),
+                      TCL_GLOBAL_ONLY | TCL_APPEND_VALUE | TCL_LIST_ELEMENT);
+}
+
 /// Whether this is the thread that Tcl was started on. The number of a thread that has ended may be given to
 /// another, so that it tells nothing.
 thread_local bool t_isThreadOfTcl = false;
@@ -64,6 +75,7 @@ TclInterp* TclInterp::Open(qzString& failure) {
         failure = Tcl_GetStringResult(interp.get());
         return nullptr;
     }
+    AddPackageFolder(interp.get());
     t_isThreadOfTcl = true;
     return new TclInterp(std::move(interp)); // for good: scripts may be called until the process ends
 }
