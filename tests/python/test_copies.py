@@ -27,6 +27,8 @@ def test_identities_are_copied_and_pickled(value):
 def test_what_equality_passes_over_is_kept():
     again = pickle.loads(pickle.dumps(qz.EntityFullType("X").with_topology(2)))
     assert again.topology == 2
+    corners = qz.EntityList(again, [1, 2], [-1, 3])
+    assert pickle.loads(pickle.dumps(corners)).topology_indices.tolist() == [-1, 3] and corners[1].topology_index == 3
     value = pickle.loads(pickle.dumps(qz.Value(2.5, float, text_beside="about 2", display_status=0)))
     assert (value.text_beside, value.display_status) == ("about 2", 0)
     bags = qz.EntityListBagList()

@@ -19,6 +19,13 @@ unsigned int ToIndex(EntityList const& list, long long index) {
     return static_cast<unsigned int>(index < 0 ? index + count : index);
 }
 
+EntityList ToList(EntityFullType const& type, py::object const& ids, py::object const& topologyIndices) {
+    qzStlVector<char> indices;
+    if (!Take(topologyIndices, indices))
+        throw py::type_error("topology indices have 8 bits");
+    return EntityList(type, ToIds(ids), indices);
+}
+
 /// A Python list of entities, and what goes over it.
 py::list GiveEntities(EntityList const& list) {
     py::list entities;
@@ -35,10 +42,9 @@ void BindEntityList(py::module_& module) {
         "Entities of one type, in order. Its ids are an array that NumPy sees without a copy; "
         "the length is fixed.");
     bound
-        .def(py::init([](EntityFullType const& type, py::object const& ids) {
-                 return EntityList(type, ToIds(ids), {});
-             }),
-             py::arg("type") = EntityFullType(), py::arg("ids") = py::tuple())
+        .def(py::init(&ToList), py::arg("type") = EntityFullType(), py::arg("ids") = py::tuple(),
+             py::arg("topology_indices") = py::tuple(),
+             "Topology indices are kept where the type has a topology kind.")
         .def_static(
             "of",
             [](py::iterable const& entities) {
@@ -60,6 +66,9 @@ void BindEntityList(py::module_& module) {
                                                  list.GetList().data(), self);
             },
             "The ids as a NumPy array, which writes into the list.")
+        .def_property_readonly(
+            "topology_indices", [](EntityList const& self) { return Give(self.GetTopologyIndexList()); },
+            "A copy of the topology indices; empty where the type has no topology kind.")
         .def_property_readonly("type", &EntityList::GetEntityFullType)
         .def("__len__", &EntityList::GetIdListCount)
         .def(
@@ -96,10 +105,7 @@ void BindEntityList(py::module_& module) {
             return State(self.GetEntityFullType(), Give(self.GetList()), Give(self.GetTopologyIndexList()));
         },
         +[](EntityFullType type, py::object ids, py::object topologyIndices) {
-            qzStlVector<char> indices;
-            if (!Take(topologyIndices, indices))
-                throw py::type_error("topology indices have 8 bits");
-            return EntityList(type, ToIds(ids), indices);
+            return ToList(type, ids, topologyIndices);
         });
 }
 

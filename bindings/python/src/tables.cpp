@@ -212,6 +212,7 @@ void BindColumns(py::class_<Tabular>& bound) {
         .def(
             "find_column",
             [](Tabular const& self, Identifier const& identifier) -> std::optional<unsigned int> {
+                CheckOpen(self);
                 unsigned int column = 0;
                 bool const has = self.GetColumnFromIdentifier(identifier, column);
                 return has ? std::optional(column) : std::nullopt;
