@@ -189,6 +189,12 @@ py::object GiveText(qzString const& text) {
 bool TakeText(py::handle object, qzString& text) {
     if (!PyUnicode_Check(object.ptr()))
         return false;
+    Py_ssize_t size = 0;
+    if (char const* const utf8 = PyUnicode_AsUTF8AndSize(object.ptr(), &size)) { // as nearly all texts have
+        text.assign(utf8, static_cast<std::size_t>(size));
+        return true;
+    }
+    PyErr_Clear();
     auto const bytes =
         py::reinterpret_steal<py::bytes>(PyUnicode_AsEncodedString(object.ptr(), "utf-8", "surrogateescape"));
     PyErr_Clear();
