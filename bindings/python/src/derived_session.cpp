@@ -52,6 +52,7 @@ qzReturnStatus DerivedSession::Create(EntityFullType const& type, Entity& create
 
 unsigned long long DerivedSession::Collect(EntityList& out, EntityFullType const& type,
                                            std::string const& query) const {
+    SessionReading const reading(*this);
     EntityList found;
     bool isOverridden = false;
     RunOrReport([&] {
@@ -203,6 +204,7 @@ void BindSessionHooks(py::class_<CustomSessionHandle, SessionHandle>& session) {
         .def(
             "find_entities",
             [](CustomSessionHandle const& self, EntityFullType const& type, qzString const& query) {
+                SessionReading const reading(self.Get());
                 EntityList found;
                 self.Get().ISession::Collect(found, type, query);
                 return found;

@@ -1,4 +1,5 @@
 #include "derived_registry.h"
+#include "derived_session.h"
 #include "overrides.h"
 
 #include <numeric>
@@ -341,6 +342,9 @@ void BindSessions(Class& registry) {
             [](RegistryHandle& self, SessionHandle const& session) {
                 Check(session.Get().GetMetaclassMgr() == &self.Get(),
                       "the session is one of another registry");
+                auto const* const derived = dynamic_cast<DerivedSession const*>(&session.Get());
+                Check(derived == nullptr || !derived->IsRead(),
+                      "the session is being read: end it afterwards");
                 self.Get().RemoveSession(&session.Get());
             },
             py::arg("session"), "Ends a session.");

@@ -1,4 +1,4 @@
-#include "handles.h"
+#include "derived_session.h"
 
 #include "descriptor/QueryCheck.h"
 #include "descriptor/ScriptSession.h"
@@ -78,6 +78,7 @@ void BindEntities(Class& session) {
         .def(
             "referred",
             [](SessionHandle const& self, py::object const& entity) {
+                SessionReading const reading(self.Get());
                 EntityListBag referred;
                 self.Get().GetReferred(referred, ToEntity(entity));
                 return referred;
@@ -146,6 +147,7 @@ void BindQueries(Class& session) {
         .def(
             "explain",
             [](SessionHandle const& self, py::object const& entity, std::string const& query) {
+                SessionReading const reading(self.Get());
                 Metaobject const* const object = self.Get().Get(ToEntity(entity));
                 if (object == nullptr)
                     throw Ended("the object is gone");
