@@ -110,7 +110,8 @@ def of_property(name: str, member: property, indent: str) -> list[str]:
 
 
 SPECIAL = {"__init__", "__len__", "__getitem__", "__setitem__", "__delitem__", "__contains__", "__iter__", "__eq__",
-           "__hash__", "__lt__", "__le__", "__gt__", "__ge__", "__iadd__", "__isub__", "__bytes__"}
+           "__hash__", "__lt__", "__le__", "__gt__", "__ge__", "__iadd__", "__isub__", "__bytes__", "__copy__", "__deepcopy__",
+           "__enter__", "__exit__"}
 
 
 def of_class(name: str, cls: type, indent: str) -> list[str]:

@@ -1,5 +1,8 @@
-import qzdescriptor as qz
+import sys
+
 import pytest
+
+import qzdescriptor as qz
 
 
 @pytest.fixture
@@ -22,11 +25,15 @@ def session(registry):
 
 
 @pytest.fixture
-def reports(capfd):
-    """What was reported: failures of callbacks go to standard error."""
+def reports(monkeypatch):
+    """What was reported: the failures of callbacks."""
+    told = []
+    monkeypatch.setattr(sys, "unraisablehook", lambda said: told.append(f"{said.exc_type.__name__}: {said.exc_value}"))
 
     class Reports:
         def take(self):
-            return capfd.readouterr().err
+            text = "\n".join(told)
+            told.clear()
+            return text
 
     return Reports()

@@ -55,6 +55,8 @@ def test_definitions_say_what_they_were_told():
 def test_ownership(registry, session):
     registry.set_ownership("Ply", "Laminate", "plies")
     assert len(registry.ownership("Ply", "Laminate")) == 1
+    assert registry.owners("Ply") == {registry.find("Laminate"): registry.ownership("Ply", "Laminate")}
+    assert registry.owner_attributes("Laminate") == [qz.Identifier("plies")]
     laminate = session.create("Laminate")
     plies = [session.create("Ply", owner=laminate, attribute="plies") for _ in range(3)]
     assert plies[0].owner == laminate and session.owner(plies[1]) == (laminate.entity, qz.Identifier("plies"))
@@ -174,12 +176,65 @@ def test_configurations_and_tables_in_the_registry(registry):
     assert registry.find_attribute("Beam", "K", basic) == 0 and registry.find_attribute(beam, 17) == shear
     assert registry.insert_attributes_into_config("Beam", basic, [shear]) == 1
     assert [str(name) for name in registry.attributes("Beam", basic)] == ["A", "K"]
+    assert registry.configs(beam) == [basic] and registry.config_usage(beam) == qz.ConfigUsage.SUBMEMBER
+    assert (registry.config_name(beam, basic), registry.config_number(beam, basic)) == ("basic", 1)
+    assert registry.find_config(beam, 1) == registry.find_config(beam, "basic") == basic
+    assert registry.identifier(beam, shear, secondary=True) == qz.Identifier(17)
+    assert registry.members(beam, basic)["K"].handle == 2 and registry.members(beam)["K"].handle == shear
     assert str(registry.version("Beam")) == "2.1.0" and registry.check_parent("Ply", "Part")
     assert registry.children("Part") == [registry.find("Ply"), registry.find("Laminate")]
     with pytest.raises(qz.Refused):
         registry.insert("Beam")
     with pytest.raises(KeyError):
         registry.insert_attribute("Bar", "A", qz.Definition("Area", float))
+
+
+def test_what_interfaces_want_to_know():
+    menu = qz.DefinitionContextMenu()
+    create, edit = qz.ContextMenuType.CREATE, qz.ContextMenuType.EDIT
+    menu.set_status(7, create | edit, True, valid_entity_type=True)
+    menu.set_status(7, qz.ContextMenuType.SELECT, False)
+    assert menu.status(7, edit, True) is True and menu.status(7, edit) is None
+    assert menu.status(7, qz.ContextMenuType.SELECT) is False and menu.status(8, edit, True) is None
+    params = qz.DefinitionUserParams()
+    params.context_menu, params.default_display_status = menu, 0
+    definition = qz.Definition("T", float, user_params=params)
+    assert definition.user_params.context_menu == menu and definition.user_params == params
+    place = qz.CardPosition(0, 24, 8, "thickness", decorator="mm", decorator_kind=int(qz.CardPosition.Decorator.AFTER))
+    assert place.is_valid and not place.for_unstructured and not qz.CardPosition().is_valid
+    assert (place.row, place.position, place.length, place.comment, place.decorator) == (0, 24, 8, "thickness", "mm")
+    with pytest.raises(ValueError):
+        place.length = 256
+
+
+def test_lists_of_allowed_values_can_be_changed():
+    allowed = qz.Allowables(int, values={"two": 2, "four": 4, "six": 6}, default=6)
+    allowed.add(8)
+    allowed.remove(0)
+    allowed.rename(0, "vier")
+    assert allowed.values == [(4, "vier"), (6, "six"), (8, "8")] and allowed.default_index == 1
+    allowed.default_index = 2
+    part = qz.Allowables(int, values=[4, 8])
+    assert allowed.default == 8 and (allowed.valid_subset(part), part.valid_subset(allowed)) == (0, -1)
+    part.take(allowed, default=False)
+    assert part.values == allowed.values
+    for refused in (lambda: allowed.add("x"), lambda: qz.Allowables(int, 3).add(4), lambda: part.take(qz.Allowables(3.0.__class__, 1.0))):
+        with pytest.raises(qz.Refused):
+            refused()
+    types = qz.Allowables(qz.EntityFullType, values=[qz.EntityFullType("Shell")])
+    types.add_sub_type("Shell", 1, "quad")
+    assert types.sub_types("Shell", 1) == ["quad"] and types.sub_types("Beam", 1) == []
+
+
+def test_events_can_be_held_back(session):
+    heard = []
+    session.on_event(lambda event: heard.append(event.ids))
+    session.buffer_start()
+    session.create("Ply", id=3)
+    assert heard == []
+    session.buffer_stop()
+    session.flush()
+    assert heard == [[3]]
 
 
 def test_tables():

@@ -1,3 +1,4 @@
+#include "copies.h"
 #include "elements.h"
 
 namespace qzPython {
@@ -29,7 +30,7 @@ T TakeItem(py::handle object) {
     if constexpr (std::is_same_v<T, EntityFullType>)
         return object.cast<EntityFullType>();
     else if (!Take(object, item))
-        throw Refused("allowables of another type than " + std::string(py::repr(object)));
+        throw Refused("allowables of another type than " + ToText(py::repr(object)));
     return item;
 }
 
@@ -55,14 +56,14 @@ Allowables FromList(AllowablesParts const& parts) {
     Allowables::List<T> list;
     if (py::isinstance<py::dict>(parts.values)) {
         for (auto const& item : py::reinterpret_borrow<py::dict>(parts.values))
-            list.push_back(std::pair<T, qzString>(TakeItem<T>(item.second), py::str(item.first)));
+            list.push_back(std::pair<T, qzString>(TakeItem<T>(item.second), ToText(item.first)));
     } else {
         for (py::handle const value : parts.values)
             list.push_back(std::pair<T, qzString>(TakeItem<T>(value), ""));
         std::size_t i = 0;
         for (py::handle const name : parts.names.is_none() ? py::object(py::tuple()) : parts.names) {
             if (i < list.size())
-                list[i++].second = py::str(name);
+                list[i++].second = ToText(name);
         }
     }
     std::size_t index = list.size();
@@ -178,14 +179,102 @@ bool Test(Allowables const& self, py::object const& data) {
     return result != 1;
 }
 
+unsigned int CheckItem(Allowables const& self, unsigned int index) {
+    if (index >= self.GetListCount())
+        throw py::index_error("there is no such item");
+    return index;
+}
+
+std::optional<unsigned int> FindDefault(Allowables const& self) {
+    qzStlVector<qzString> names;
+    unsigned int index = 0;
+    return self.GetNameList(names, index) && index < names.size() ? std::optional(index) : std::nullopt;
+}
+
+void BindListOperations(py::class_<Allowables>& bound) {
+    constexpr unsigned int all = 0xFFFFFFFF;
+    bound
+        .def(
+            "add",
+            [](Allowables& self, py::object const& value, qzString const& name) {
+                Check(self.HaveList(), "these allowables have no list");
+                VisitAllowed(
+                    self, [&]<class T>(std::type_identity<T>) { self.AddToList(TakeItem<T>(value), name); });
+            },
+            py::arg("value"), py::arg("name") = "",
+            "Appends a value to the list, named by its text unless a name is given.")
+        .def(
+            "remove",
+            [](Allowables& self, unsigned int index) { self.RemoveFromList(CheckItem(self, index)); },
+            py::arg("index"), "Removes an item. When it was the default, the first one is from now on.")
+        .def(
+            "clear", [](Allowables& self) { self.RemoveFromList(all); }, "Empties the list.")
+        .def(
+            "rename",
+            [](Allowables& self, unsigned int index, qzString const& name) {
+                self.SetListItemName(CheckItem(self, index), name);
+            },
+            py::arg("index"), py::arg("name"))
+        .def_property(
+            "default_index", &FindDefault,
+            [](Allowables& self, unsigned int index) { self.SetDefaultIdx(CheckItem(self, index)); },
+            "Which item of the list is the default; None when none is.")
+        .def_property(
+            "operate_on_extra", &Allowables::GetOperateOnExtra,
+            [](Allowables& self, bool extra) {
+                Check(self.SetOperateOnExtra(extra) == 1, "these allowables have no list");
+            },
+            "Whether everything about lists concerns the extra list, and not the main one.")
+        .def("valid_subset", &Allowables::ValidSubset, py::arg("other"),
+             "0 when the other list is part of this one, -1 when it is not, 1 without two lists, 2 for "
+             "another "
+             "type.")
+        .def(
+            "take",
+            [](Allowables& self, Allowables const& other, bool allowed, bool defaultValue) {
+                Check(self.Copy(other, allowed, defaultValue), "the allowables are of another kind or type");
+            },
+            py::arg("other"), py::arg("allowed") = true, py::arg("default") = true,
+            "Takes over what others allow, their default, or both.");
+}
+
+void BindSubTypes(py::class_<Allowables>& bound) {
+    bound
+        .def(
+            "add_sub_type",
+            [](Allowables& self, EntityFullType const& type, int kind, qzString const& name) {
+                Check(self.AddSubType(type, static_cast<Allowables::SubType>(kind), name),
+                      "the list has no such type, or it has the sub-type");
+            },
+            py::arg("type"), py::arg("kind"), py::arg("name"),
+            "Names a sub-type of an entity type that the list holds.")
+        .def(
+            "remove_sub_type",
+            [](Allowables& self, EntityFullType const& type, int kind, qzString const& name) {
+                Check(self.RemoveSubType(type, static_cast<Allowables::SubType>(kind), name),
+                      "there is no such sub-type");
+            },
+            py::arg("type"), py::arg("kind"), py::arg("name"))
+        .def(
+            "sub_types",
+            [](Allowables const& self, EntityFullType const& type, int kind) {
+                auto const subType = static_cast<Allowables::SubType>(kind);
+                qzStlVector<qzString> names(self.GetSubTypeCount(type, subType));
+                for (unsigned int i = 0; i < names.size(); ++i)
+                    self.GetSubTypeName(type, subType, i, names[i]);
+                return names;
+            },
+            py::arg("type"), py::arg("kind") = 0);
+}
+
 } // namespace
 
 void BindAllowables(py::module_& module) {
-    py::class_<Allowables>(
+    py::class_<Allowables> bound(
         module, "Allowables",
         "Which values an attribute may take, and its default: a default alone, bounds, or a list. "
-        "Allowables(float, default=1.0, above=0), Allowables(str, values=['steel', 'wood']).")
-        .def(py::init<>(), "No constraint.")
+        "Allowables(float, default=1.0, above=0), Allowables(str, values=['steel', 'wood']).");
+    bound.def(py::init<>(), "No constraint.")
         .def(py::init([](py::object const& type, py::object const& defaultValue, py::object const& above,
                          py::object const& atLeast, py::object const& below, py::object const& atMost,
                          py::object const& values, py::object const& names) {
@@ -203,7 +292,14 @@ void BindAllowables(py::module_& module) {
             },
             py::arg("type"), py::arg("text"), "Reads 'LIST(2, 4, 8) DEFAULT(4)', or either part alone.")
         .def("test", &Test, py::arg("data"), "Whether a value is allowed. The default always is.")
-        .def_property_readonly("failure_message", &Allowables::GetFailureMessage, "Why a test refused last.")
+        .def_property("failure_message", &Allowables::GetFailureMessage, &Allowables::SetFailureMessage,
+                      "Why a test refused last.")
+        .def_property_readonly("type",
+                               [](Allowables const& self) {
+                                   return TypeSpec{self.GetBasicType(), self.GetCompoundType(), 0};
+                               })
+        .def_property_readonly("have_bounds", &Allowables::HaveBounds)
+        .def_property_readonly("have_list", &Allowables::HaveList)
         .def_property_readonly("default", &GiveDefault, "None without one.")
         .def_property_readonly("bounds", &GiveBounds, "Pairs such as ('>', 0.0).")
         .def_property_readonly("values", &GiveAllowed, "The list: pairs of a value and its name.")
@@ -215,6 +311,9 @@ void BindAllowables(py::module_& module) {
             return py::str("<Allowables default={!r} bounds={} values={}>")
                 .format(GiveDefault(self), GiveBounds(self), GiveAllowed(self));
         });
+    BindCopy<Allowables>(bound);
+    BindListOperations(bound);
+    BindSubTypes(bound);
 }
 
 } // namespace qzPython

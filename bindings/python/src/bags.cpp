@@ -1,4 +1,4 @@
-#include "bindings.h"
+#include "copies.h"
 
 namespace qzPython {
 
@@ -53,7 +53,7 @@ private:
     static Item P_Get(Bag const& bag, EntityFullType const& type) {
         Item item;
         if (!P_Find(bag, type, item))
-            throw py::key_error("nothing of type " + std::string(py::str(py::cast(type))));
+            throw Missing("nothing of type " + ToText(py::cast(type)));
         return item;
     }
     static qzStlVector<EntityFullType> P_Types(Bag const& bag) {
@@ -63,16 +63,16 @@ private:
     }
 };
 
+EntityListBag ToBag(py::iterable const& lists) {
+    EntityListBag bag;
+    for (py::handle const list : lists)
+        Check(bag.SetList(list.cast<EntityList const&>()), "a list in a bag needs a type");
+    return bag;
+}
+
 void BindEntityListBag(py::module_& module) {
     py::class_<EntityListBag> bound(module, "EntityListBag", "Entity lists by entity type: a mapping.");
-    bound.def(py::init<>())
-        .def(py::init([](py::iterable const& lists) {
-                 EntityListBag bag;
-                 for (py::handle const list : lists)
-                     Check(bag.SetList(list.cast<EntityList const&>()), "a list in a bag needs a type");
-                 return bag;
-             }),
-             py::arg("lists"));
+    bound.def(py::init<>()).def(py::init(&ToBag), py::arg("lists"));
     Mapping<EntityList, EntityListBag> const mapping(bound);
     bound
         .def(
@@ -106,6 +106,20 @@ void BindEntityListBag(py::module_& module) {
                 parts.append(py::str("{}: {}").format(list.GetEntityFullType(), list.GetIdListCount()));
             return py::str("<EntityListBag {{{}}}>").format(py::str(", ").attr("join")(parts));
         });
+    BindPickle(
+        bound,
+        +[](EntityListBag const& self) {
+            qzStlVector<EntityList> lists;
+            for (EntityList const& list : self)
+                lists.push_back(list);
+            return std::tuple(lists);
+        },
+        +[](qzStlVector<EntityList> lists) {
+            EntityListBag bag;
+            for (EntityList const& list : lists)
+                bag.SetList(list);
+            return bag;
+        });
 }
 
 void BindFormulaBag(py::module_& module) {
@@ -117,11 +131,27 @@ void BindFormulaBag(py::module_& module) {
             "__delitem__",
             [](FormulaBag& self, EntityFullType const& type) {
                 if (!self.RemoveFormula(type))
-                    throw py::key_error("nothing of this type");
+                    throw Missing("nothing of this type");
             },
             py::arg("type"))
         .def("__repr__", [](FormulaBag const& self) {
             return py::str("<FormulaBag of {} formulas>").format(self.GetEntityFullTypeListCount());
+        });
+    BindPickle(
+        bound,
+        +[](FormulaBag const& self) {
+            qzStlVector<EntityFullType> types;
+            self.GetEntityFullTypeList(types);
+            qzStlVector<Formula> formulas;
+            for (EntityFullType const& type : types)
+                formulas.push_back(self.GetFormula(type));
+            return std::tuple(formulas);
+        },
+        +[](qzStlVector<Formula> formulas) {
+            FormulaBag bag;
+            for (Formula const& formula : formulas)
+                bag.SetFormula(formula);
+            return bag;
         });
 }
 
@@ -132,10 +162,38 @@ unsigned int CheckIndex(EntityListBagList const& self, unsigned int index) {
     return index;
 }
 
+/// A bag of a register with its index, key, name and flag.
+using Registered = std::tuple<unsigned int, unsigned int, qzString, unsigned int, EntityListBag>;
+
+std::tuple<qzStlVector<Registered>> ToEntries(EntityListBagList const& self) {
+    qzStlVector<std::pair<unsigned int, qzString>> pairs;
+    self.GetRegisteredPairs(pairs);
+    qzStlVector<Registered> entries;
+    for (auto const& [key, name] : pairs) {
+        unsigned int const index = self.Find(key, name);
+        entries.push_back(Registered(index, key, name, self.GetUserFlag(index), self.Query(index)));
+    }
+    return {entries};
+}
+
+/// With the same indices: places that are no longer in use are left out.
+EntityListBagList FromEntries(qzStlVector<Registered> entries) {
+    EntityListBagList made;
+    unsigned int next = 0;
+    for (auto const& [index, key, name, flag, bag] : entries) {
+        for (; next < index; ++next)
+            made.Unregister(made.Register(key, name));
+        next = made.Register(key, name) + 1;
+        made.Modify(index) = bag;
+        made.SetUserFlag(index, flag);
+    }
+    return made;
+}
+
 void BindBagList(py::module_& module) {
-    py::class_<EntityListBagList>(module, "EntityListBagList",
-                                  "A register of bags, each under a key and a name.")
-        .def(py::init<>())
+    py::class_<EntityListBagList> bound(module, "EntityListBagList",
+                                        "A register of bags, each under a key and a name.");
+    bound.def(py::init<>())
         .def("register", &EntityListBagList::Register, py::arg("key"), py::arg("name"),
              "The index of the bag with this key and name, which is made when there is none.")
         .def(
@@ -170,7 +228,11 @@ void BindBagList(py::module_& module) {
             "The keys and names in use, in index order.")
         .def(
             "__eq__", [](EntityListBagList const& a, EntityListBagList const& b) { return a == b; },
-            py::is_operator());
+            py::is_operator())
+        .def("__repr__", [](EntityListBagList const& self) {
+            return py::str("<EntityListBagList of {} bags>").format(std::get<0>(ToEntries(self)).size());
+        });
+    BindPickle(bound, &ToEntries, &FromEntries);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text.h"
+
 #include "descriptor/qzdescriptor.h"
 
 #include <pybind11/pybind11.h>
@@ -38,7 +40,16 @@ void BindEvents(py::module_& module);
 void BindObjects(py::module_& module);
 void BindSession(py::module_& module);
 void BindRegistry(py::module_& module);
-void BindDerived(py::module_& module);
+void BindRegistryHooks(py::module_& module);
+void BindDerivedSession(py::module_& module);
+void BindDerivedObject(py::module_& module);
+void BindCards(py::module_& module);
+void BindUserParams(py::module_& module);
+void BindAttributes(py::module_& module);
+void BindContents(py::module_& module);
+void BindCollections(py::module_& module);
+void BindSerializers(py::module_& module);
+void BindDatabases(py::module_& module);
 void BindScripts(py::module_& module);
 
 /// What the library did not accept, with its message: `Refused` in Python.
@@ -47,6 +58,11 @@ class Refused : public std::runtime_error {
 };
 /// A session, object or registry that is no more: `Ended` in Python.
 class Ended : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// What is sought and not there: `KeyError` in Python.
+class Missing : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
@@ -60,12 +76,9 @@ inline void Check(bool succeeded, char const* message) {
         throw Refused(message);
 }
 
-/// Any bytes as a Python text and back: those that are no UTF-8 are kept as lone surrogates.
-py::object GiveText(qzString const& text);
-bool TakeText(py::handle object, qzString& text);
-
-/// What a failing callback has to say goes where the failures of scripts go.
-void ReportFailure(char const* message) noexcept;
+/// Where exceptions go that nobody waits for: to sys.unraisablehook, where somebody has set it, else where
+/// the failures of scripts go. Of the exception that is being handled.
+void ReportFailure() noexcept;
 /// Runs what calls into Python on behalf of C++: exceptions are reported, and false is answered.
 template <class Work>
 bool RunOrReport(Work&& work) noexcept;
@@ -94,8 +107,8 @@ bool RunOrReport(Work&& work) noexcept {
     try {
         work();
         return true;
-    } catch (std::exception const& error) {
-        ReportFailure(error.what());
+    } catch (...) {
+        ReportFailure();
         return false;
     }
 }

@@ -1,4 +1,5 @@
 #include "conversions.h"
+#include "copies.h"
 #include "handles.h"
 
 #include "descriptor/TabularDefinition.h"
@@ -119,15 +120,15 @@ void BindDefinition(py::module_& module) {
         .def(
             "__eq__", [](Definition const& a, Definition const& b) { return a == b; }, py::is_operator())
         .def("__repr__", [](Definition const& self) {
-            return py::str("<Definition {!r}: {}>")
-                .format(self.GetDisplayName(), TypeSpec{self.GetValueBasicType(), self.GetValueCompoundType(),
-                                                        self.GetArrayDimension()});
+            return py::str("<Definition {!r}: {}>").format(self.GetDisplayName(), TypeSpec::Of(self));
         });
+    BindCopy<Definition>(bound);
 }
 
-void BindParts(py::module_& module) {
-    py::class_<UnitsDimensionality>(module, "UnitsDimensionality",
-                                    "What a value measures, in one or two pairs.")
+void BindUnits(py::module_& module) {
+    py::class_<UnitsDimensionality> bound(module, "UnitsDimensionality",
+                                          "What a value measures, in one or two pairs.");
+    bound
         .def(py::init<qzString const&, qzString const&>(), py::arg("dimensionality") = "",
              py::arg("display_name") = "")
         .def(py::init<UnitsDimensionality::Pair, UnitsDimensionality::Pair>(), py::arg("first"),
@@ -141,39 +142,13 @@ void BindParts(py::module_& module) {
             return py::str("UnitsDimensionality({!r}, {!r})")
                 .format(self.GetDimensionality(0), self.GetDimensionalityDisplayName(0));
         });
-
-    using Params = DefinitionUserParams;
-    py::class_<Params>(module, "DefinitionUserParams",
-                       "What user interfaces want to know beyond a definition.")
-        .def(py::init<>())
-        .def_property("flag", &Params::GetFlag, &Params::SetFlag)
-        .def_property("can_be_parameterized", &Params::GetCanBeParameterized, &Params::SetCanBeParameterized)
-        .def_property("common_to_multiple_types", &Params::GetCommonToMultipleTypes,
-                      &Params::SetCommonToMultipleTypes)
-        .def_property("foreign_reference", &Params::GetForeignReference, &Params::SetForeignReference)
-        .def_property("comment", &Params::GetComment, &Params::SetComment)
-        .def_property("status_off_value", &Params::GetStatusOffValue, &Params::SetStatusOffValue)
-        .def_property("ignore_status", &Params::GetIgnoreStatus, &Params::SetIgnoreStatus)
-        .def_property("unstructured_table", &Params::GetUnstructuredTable, &Params::SetUnstructuredTable)
-        .def_property("used_for_table_column_with_status", &Params::GetUsedForTableColumnWithStatus,
-                      &Params::SetUsedForTableColumnWithStatus)
-        .def_property("image_path", &Params::GetImagePath, &Params::SetImagePath)
-        .def_property("image_title", &Params::GetImageTitle, &Params::SetImageTitle)
-        .def_property("private_variable", &Params::GetPrivateVariable, &Params::SetPrivateVariable)
-        .def_property_readonly("confirm_message", &Params::GetConfirmMessage)
-        .def(
-            "set_confirm_message",
-            [](Params& self, int type, std::string const& message) {
-                self.SetConfirmMessage(static_cast<Params::ConfirmMessageType>(type), message);
-            },
-            py::arg("type"), py::arg("message"))
-        .def(
-            "__eq__", [](Params const& a, Params const& b) { return a == b; }, py::is_operator());
+    BindCopy<UnitsDimensionality>(bound);
 }
 
 void BindTabularDefinition(py::module_& module) {
-    py::class_<TabularDefinition>(module, "TabularDefinition",
-                                  "The shape of a table: a definition for each column.")
+    py::class_<TabularDefinition> bound(module, "TabularDefinition",
+                                        "The shape of a table: a definition for each column.");
+    bound
         .def(py::init([](std::string const& displayName, qzStlVector<Definition> columns, bool editable,
                          bool visible, std::string const& description, std::string const& helpPath) {
                  return TabularDefinition(displayName, columns, editable, visible, description, helpPath);
@@ -181,11 +156,11 @@ void BindTabularDefinition(py::module_& module) {
              py::arg("display_name") = "", py::arg("columns") = qzStlVector<Definition>(),
              py::arg("editable") = true, py::arg("visible") = true, py::arg("description") = "",
              py::arg("help_path") = "")
-        .def_property_readonly("display_name", &TabularDefinition::GetDisplayName)
-        .def_property_readonly("description", &TabularDefinition::GetDescription)
-        .def_property_readonly("help_path", &TabularDefinition::GetHelpPath)
-        .def_property_readonly("editable", &TabularDefinition::GetEditable)
-        .def_property_readonly("visible", &TabularDefinition::GetVisible)
+        .def_property("display_name", &TabularDefinition::GetDisplayName, &TabularDefinition::SetDisplayName)
+        .def_property("description", &TabularDefinition::GetDescription, &TabularDefinition::SetDescription)
+        .def_property("help_path", &TabularDefinition::GetHelpPath, &TabularDefinition::SetHelpPath)
+        .def_property("editable", &TabularDefinition::GetEditable, &TabularDefinition::SetEditable)
+        .def_property("visible", &TabularDefinition::GetVisible, &TabularDefinition::SetVisible)
         .def_property_readonly("columns",
                                [](TabularDefinition const& self) {
                                    qzStlVector<Definition> columns;
@@ -195,8 +170,29 @@ void BindTabularDefinition(py::module_& module) {
                                })
         .def("__len__", &TabularDefinition::GetColumnCount)
         .def(
+            "__getitem__",
+            [](TabularDefinition const& self, unsigned int column) {
+                if (column >= self.GetColumnCount())
+                    throw py::index_error("there is no such column"); // which is how iteration ends
+                return self.GetColumnDefinition(column);
+            },
+            py::arg("column"), "A copy of the definition of a column.")
+        .def(
+            "__setitem__",
+            [](TabularDefinition& self, unsigned int column, Definition const& definition) {
+                if (column >= self.GetColumnCount())
+                    throw py::index_error("there is no such column");
+                self.SetColumnDefinition(column, definition);
+            },
+            py::arg("column"), py::arg("definition"), "Replaces a column; there is no way to add one.")
+        .def(
             "__eq__", [](TabularDefinition const& a, TabularDefinition const& b) { return a == b; },
-            py::is_operator());
+            py::is_operator())
+        .def("__repr__", [](TabularDefinition& self) {
+            return py::str("<TabularDefinition {!r} of {} columns>")
+                .format(self.GetDisplayName(), self.GetColumnCount());
+        });
+    BindCopy<TabularDefinition>(bound);
 }
 
 /// What a Python function gives as a status: nothing or a message is success, False a failure.
@@ -219,7 +215,7 @@ ActionDefinition::Function ToCallback(py::object const& function) {
             try {
                 status = ToStatus(kept.Get()(lent.Get()));
             } catch (py::error_already_set const& error) {
-                status.message = py::str(error.value());
+                status.message = ToText(error.value());
                 if (!error.matches(py::module_::import("qzdescriptor").attr("Refused")))
                     throw; // a refusal is an answer, anything else is reported
             }
@@ -229,10 +225,11 @@ ActionDefinition::Function ToCallback(py::object const& function) {
 }
 
 void BindActionDefinition(py::module_& module) {
-    py::class_<ActionDefinition>(
+    py::class_<ActionDefinition> bound(
         module, "ActionDefinition",
         "An operation that a user starts on one object: a Python function called with the "
-        "object, or a function of a script module.")
+        "object, or a function of a script module.");
+    bound
         .def(py::init([](std::string const& displayName, py::object const& callback, bool enabled,
                          py::object const& enabledTest, std::string const& description,
                          std::string const& helpPath) {
@@ -271,13 +268,16 @@ void BindActionDefinition(py::module_& module) {
         .def("__repr__", [](ActionDefinition const& self) {
             return py::str("<ActionDefinition {!r}>").format(self.GetDisplayName());
         });
+    BindCopy<ActionDefinition>(bound);
 }
 
 } // namespace
 
 void BindDefinitions(py::module_& module) {
     BindAllowables(module);
-    BindParts(module);
+    BindUnits(module);
+    BindUserParams(module);
+    BindCards(module);
     BindDefinition(module);
     BindTabularDefinition(module);
     BindActionDefinition(module);

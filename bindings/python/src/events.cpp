@@ -1,3 +1,4 @@
+#include "copies.h"
 #include "handles.h"
 
 #include "descriptor/qzSigSlotHandler.h"
@@ -33,8 +34,21 @@ void OnEnd(SessionHandle const& session, py::object function) {
 } // namespace
 
 void BindEvents(py::module_& module) {
-    py::class_<EntityEventInfo>(module, "EntityEventInfo", "Something that happened to entities of one type.")
-        .def(py::init<>())
+    py::class_<EntityEventInfo> info(module, "EntityEventInfo",
+                                     "Something that happened to entities of one type.");
+    BindCopy<EntityEventInfo>(info);
+    info.def(py::init([](int type, EntityFullType const& entityType, qzStlVector<unsigned int> const& ids,
+                         Identifier const& identifier) {
+                 EntityEventInfo event;
+                 event.SetEventType(static_cast<ENTITY_EVENT_TYPE>(type));
+                 event.SetEntityType(entityType);
+                 event.AddEntityIdList(ids);
+                 event.SetIdentifier(identifier);
+                 return event;
+             }),
+             py::arg("event_type") = static_cast<int>(ENTITY_EVENT_NONE),
+             py::arg("entity_type") = EntityFullType(), py::arg("ids") = qzStlVector<unsigned int>(),
+             py::arg("identifier") = Identifier())
         .def_property(
             "event_type", [](EntityEventInfo const& self) { return static_cast<int>(self.GetEventType()); },
             [](EntityEventInfo& self, int type) { self.SetEventType(static_cast<ENTITY_EVENT_TYPE>(type)); },
@@ -92,7 +106,17 @@ void BindEvents(py::module_& module) {
             [](SessionHandle const& self, EntityEventInfo const& event) {
                 self.Get().GetSigSlotHandler()->Emit(EVENT_CATEGORY_ENTITY, event);
             },
-            py::arg("event"), "Tells the listeners of an event of the application's own.");
+            py::arg("event"), "Tells the listeners of an event of the application's own.")
+        .def(
+            "buffer_start", [](SessionHandle const& self) { self.Get().GetSigSlotHandler()->BufferStart(); },
+            "From here on events are held back.")
+        .def(
+            "buffer_stop", [](SessionHandle const& self) { self.Get().GetSigSlotHandler()->BufferStop(); },
+            "From here on events are told at once again; those that were held back are not.")
+        .def(
+            "flush", [](SessionHandle const& self) { self.Get().GetSigSlotHandler()->Flush(); },
+            "Tells every event that was ever held back, in order. They stay: the next call tells them "
+            "again.");
 }
 
 } // namespace qzPython

@@ -1,6 +1,8 @@
 #include "handles.h"
 
-#include "derived.h"
+#include "derived_object.h"
+#include "derived_registry.h"
+#include "derived_session.h"
 #include "qzinterp/qzInterp.h"
 
 #include <mutex>
@@ -139,7 +141,8 @@ Entity ToEntity(py::handle object) {
 
 // --- registries ------------------------------------------------------------------------------------------
 
-RegistryHandle::RegistryHandle() : m_own(std::make_unique<PythonRegistry>(*this)), m_registry(m_own.get()) {}
+RegistryHandle::RegistryHandle(bool isDerived)
+    : m_own(std::make_unique<PythonRegistry>(*this, isDerived)), m_registry(m_own.get()) {}
 RegistryHandle::RegistryHandle(MetaclassMgr& registry, std::function<bool()> isAlive)
     : m_registry(&registry), m_isAlive(std::move(isAlive)) {}
 RegistryHandle::~RegistryHandle() = default;
@@ -186,6 +189,12 @@ py::object GiveText(qzString const& text) {
 bool TakeText(py::handle object, qzString& text) {
     if (!PyUnicode_Check(object.ptr()))
         return false;
+    Py_ssize_t size = 0;
+    if (char const* const utf8 = PyUnicode_AsUTF8AndSize(object.ptr(), &size)) { // as nearly all texts have
+        text.assign(utf8, static_cast<std::size_t>(size));
+        return true;
+    }
+    PyErr_Clear();
     auto const bytes =
         py::reinterpret_steal<py::bytes>(PyUnicode_AsEncodedString(object.ptr(), "utf-8", "surrogateescape"));
     PyErr_Clear();
@@ -194,11 +203,48 @@ bool TakeText(py::handle object, qzString& text) {
     return static_cast<bool>(bytes);
 }
 
+qzString ToText(py::handle object) {
+    qzString text;
+    TakeText(py::str(object), text);
+    return text;
+}
+
 bool IsPythonAlive() { return Py_IsInitialized() != 0 && _Py_IsFinalizing() == 0; }
 
-void ReportFailure(char const* message) noexcept {
+namespace {
+
+/// Python's own hook prints; one that somebody has set wants to be told.
+bool IsHookSet() {
+    PyObject* const hook = PySys_GetObject("unraisablehook"); // borrowed, as the next one
+    return hook != nullptr && hook != Py_None && hook != PySys_GetObject("__unraisablehook__");
+}
+
+void SetError(py::handle type, char const* message) { PyErr_SetObject(type.ptr(), GiveText(message).ptr()); }
+
+/// Tells of an exception; `raise` makes it the one that is pending in Python.
+template <class Raise>
+void Tell(std::exception const& error, Raise&& raise) {
+    if (!IsHookSet()) {
+        qzInterp::ReportFailure("python", error.what());
+        return;
+    }
+    raise();
+    PyErr_WriteUnraisable(nullptr);
+}
+
+} // namespace
+
+void ReportFailure() noexcept {
     try {
-        qzInterp::ReportFailure("python", message);
+        try {
+            throw;
+        } catch (py::error_already_set& error) {
+            Tell(error, [&] { error.restore(); });
+        } catch (py::builtin_exception const& error) {
+            Tell(error, [&] { error.set_error(); });
+        } catch (std::exception const& error) {
+            Tell(error, [&] { SetError(PyExc_RuntimeError, error.what()); });
+        }
     } catch (...) { // whoever is told has failed, too: nobody is left to be told
     }
 }
@@ -220,11 +266,39 @@ Kept KeepFunction(py::object function) {
     return Kept(std::move(function));
 }
 
+namespace {
+
+/// An exception of C++ as one of Python with the same message, any bytes included.
+template <class Exception>
+void Translate(py::handle type) {
+    static py::handle s_type;
+    s_type = type;
+    py::register_exception_translator([](std::exception_ptr thrown) {
+        try {
+            std::rethrow_exception(thrown);
+        } catch (Exception const& exception) {
+            SetError(s_type, exception.what());
+        }
+    });
+}
+
+template <class Exception>
+void BindException(py::module_& module, char const* name, py::handle base, char const* doc) {
+    py::exception<Exception> type(module, name, base);
+    type.attr("__doc__") = doc;
+    Translate<Exception>(type.release());
+}
+
+} // namespace
+
 void BindHandles(py::module_& module) {
-    py::register_exception<Refused>(module, "Refused", PyExc_ValueError).attr("__doc__") =
-        "What the library does not accept, with its message: a value, a name, an operation.";
-    py::register_exception<Ended>(module, "Ended", PyExc_RuntimeError).attr("__doc__") =
-        "Raised by everything that is done with a session, an object or a registry that is no more.";
+    BindException<Refused>(module, "Refused", PyExc_ValueError,
+                           "What the library does not accept, with its message: a value, a name, an "
+                           "operation.");
+    BindException<Ended>(module, "Ended", PyExc_RuntimeError,
+                         "Raised by everything that is done with a session, an object, a registry or a "
+                         "database that is no more.");
+    Translate<Missing>(PyExc_KeyError);
 }
 
 } // namespace qzPython

@@ -4,7 +4,6 @@
 
 #include "descriptor/ISession.h"
 #include "descriptor/Metaobject.h"
-#include "store/Registry.h"
 #include "store/Session.h"
 
 #include <functional>
@@ -14,6 +13,12 @@
 /// What Python holds of sessions, objects and registries: handles that know when these have ended.
 
 namespace qzPython {
+
+struct EntityHash {
+    std::size_t operator()(Entity const& entity) const {
+        return EntityFullType::hash()(entity.GetEntityFullType()) * 31 + entity.GetId();
+    }
+};
 
 /// Knows of one session whether it still is. The session's own signal handler keeps the proof, so that no end
 /// goes unnoticed.
@@ -86,7 +91,8 @@ class PythonRegistry;
 /// `Registry` in Python: one of its own, or another one for as long as its session lives.
 class RegistryHandle {
 public:
-    RegistryHandle();
+    /// A registry of its own; one of a derived class asks the methods of that class.
+    explicit RegistryHandle(bool isDerived);
     RegistryHandle(MetaclassMgr& registry, std::function<bool()> isAlive);
     RegistryHandle(RegistryHandle const&) = delete;
     RegistryHandle& operator=(RegistryHandle const&) = delete;
@@ -100,19 +106,6 @@ private:
     std::unique_ptr<PythonRegistry> m_own;
     MetaclassMgr* m_registry = nullptr;
     std::function<bool()> m_isAlive;
-};
-
-/// A registry made in Python, whose sessions may be made there, too.
-class PythonRegistry final : public store::Registry {
-public:
-    explicit PythonRegistry(RegistryHandle const& handle) : m_handle(handle) {}
-
-    ISession* CreateSession(qzString const& name) override;
-
-    RegistryHandle const& GetHandle() const { return m_handle; }
-
-private:
-    RegistryHandle const& m_handle;
 };
 
 /// The Python object for a session: None for null, and itself for one that is written in Python.

@@ -1,4 +1,9 @@
+#include "copies.h"
 #include "handles.h"
+
+#include "descriptor/FormulaText.h"
+#include "descriptor/ScriptFunction.h"
+#include "qzutl/qzVariant.h"
 
 #include <pybind11/operators.h>
 
@@ -46,6 +51,32 @@ std::optional<unsigned int> FromPlace(unsigned int place) {
     return place != Identifier::s_unset ? std::optional(place) : std::nullopt;
 }
 
+/// What identifiers are pickled as: number, name, solver index, row and column.
+using Key = std::tuple<int, qzString, int, unsigned int, unsigned int>;
+
+Key ToKey(Identifier const& identifier) {
+    return {identifier.GetNumericKey(), identifier.GetNameKey(), identifier.GetSolverIdx(),
+            identifier.GetRow(), identifier.GetColumn()};
+}
+
+/// What types are pickled as: topology, type by number and name, subtype by number and name.
+using TypeKey = std::tuple<int, unsigned int, qzString, unsigned int, qzString>;
+
+TypeKey ToTypeKey(EntityFullType const& type) {
+    return {type.GetTopologyType(), type.GetTypeNumeric(), type.GetTypeNamed(), type.GetSubtypeNumeric(),
+            type.GetSubtypeNamed()};
+}
+
+EntityFullType MakeType(int topology, unsigned int type, qzString const& typeName, unsigned int subtype,
+                        qzString const& subtypeName) {
+    auto const kind = static_cast<EntityFullType::TopologyType>(topology);
+    if (typeName.empty())
+        return subtypeName.empty() ? EntityFullType(kind, type, subtype)
+                                   : EntityFullType(kind, type, subtypeName);
+    return subtypeName.empty() ? EntityFullType(kind, typeName, subtype)
+                               : EntityFullType(kind, typeName, subtypeName);
+}
+
 void BindIdentifier(py::module_& module) {
     py::class_<Identifier> bound(
         module, "Identifier",
@@ -66,7 +97,7 @@ void BindIdentifier(py::module_& module) {
              py::arg("key"), py::arg("solver_index") = 0, py::arg("row") = py::none(),
              py::arg("column") = py::none())
         .def_property_readonly("key", &KeyOf, "The name, else the number.")
-        .def_property_readonly("name", [](Identifier const& self) { return GiveText(self.GetNameKey()); })
+        .def_property_readonly("name", [](Identifier const& self) { return self.GetNameKey(); })
         .def_property_readonly("number", &Identifier::GetNumericKey)
         .def_property_readonly("solver_index", &Identifier::GetSolverIdx)
         .def_property_readonly("row", [](Identifier const& self) { return FromPlace(self.GetRow()); })
@@ -80,7 +111,18 @@ void BindIdentifier(py::module_& module) {
                            : Format("Identifier({!r}, {}, {}, {})", KeyOf(self), self.GetSolverIdx(),
                                     FromPlace(self.GetRow()), FromPlace(self.GetColumn()));
         });
+    bound.def(
+        "__lt__", [](Identifier const& a, Identifier const& b) { return a < b; }, py::is_operator(),
+        "By number where both have one, else by name; two without a common kind of key are unordered.");
     BindEquality<Identifier>(bound);
+    BindPickle(
+        bound, +[](Identifier const& self) { return ToKey(self); },
+        +[](int number, qzString name, int solver, unsigned int row, unsigned int column) {
+            Identifier made(number, 0, row, column);
+            made.SetNameKey(name);
+            made.SetSolverIdx(solver);
+            return made;
+        });
     py::implicitly_convertible<py::str, Identifier>();
     py::implicitly_convertible<py::int_, Identifier>();
 }
@@ -103,12 +145,8 @@ void BindEntityFullType(py::module_& module) {
         .def(
             "with_topology",
             [](EntityFullType const& self, int topology) {
-                auto const kind = static_cast<EntityFullType::TopologyType>(topology);
-                if (self.GetTypeNamed().empty())
-                    return EntityFullType(kind, self.GetTypeNumeric(), self.GetSubtypeNumeric());
-                return self.GetSubtypeNamed().empty()
-                           ? EntityFullType(kind, self.GetTypeNamed(), self.GetSubtypeNumeric())
-                           : EntityFullType(kind, self.GetTypeNamed(), self.GetSubtypeNamed());
+                return MakeType(topology, self.GetTypeNumeric(), self.GetTypeNamed(),
+                                self.GetSubtypeNumeric(), self.GetSubtypeNamed());
             },
             py::arg("topology"), "The same type with a topology kind, which takes no part in equality.")
         .def("__str__", [](EntityFullType const& self) { return py::str(TypeOf(self)); })
@@ -118,6 +156,11 @@ void BindEntityFullType(py::module_& module) {
                                      : Format("EntityFullType({!r}, {!r})", TypeOf(self), subtype);
         });
     BindEquality<EntityFullType>(bound);
+    BindPickle(
+        bound, &ToTypeKey,
+        +[](int topology, unsigned int type, qzString typeName, unsigned int subtype, qzString subtypeName) {
+            return MakeType(topology, type, typeName, subtype, subtypeName);
+        });
     py::implicitly_convertible<py::str, EntityFullType>();
 }
 
@@ -134,14 +177,23 @@ void BindEntity(py::module_& module) {
         .def_property_readonly("id", &Entity::GetId)
         .def_property_readonly("topology_index",
                                [](Entity const& self) { return static_cast<int>(self.GetTopologyIndex()); })
-        .def("__hash__",
-             [](Entity const& self) {
-                 return EntityFullType::hash()(self.GetEntityFullType()) * 31 + self.GetId();
-             })
+        .def("__hash__", [](Entity const& self) { return EntityHash()(self); })
+        .def(
+            "__lt__", [](Entity const& a, Entity const& b) { return a < b; }, py::is_operator(),
+            "By id alone.")
         .def("__repr__", [](Entity const& self) {
             return Format("Entity({!r}, {})", TypeOf(self.GetEntityFullType()), self.GetId());
         });
     BindEquality<Entity>(bound);
+    using State = std::tuple<EntityFullType, unsigned int, int>;
+    BindPickle(
+        bound,
+        +[](Entity const& self) {
+            return State(self.GetEntityFullType(), self.GetId(), self.GetTopologyIndex());
+        },
+        +[](EntityFullType type, unsigned int id, int topologyIndex) {
+            return Entity(type, id, static_cast<char>(topologyIndex));
+        });
 }
 
 void BindQualifier(py::module_& module) {
@@ -170,6 +222,19 @@ void BindQualifier(py::module_& module) {
             return Format("Qualifier({!r}, {!r})", KeyOf(self), TypeOf(self.GetEntityFullType()));
         });
     BindEquality<Qualifier>(bound);
+    using State = std::tuple<Key, EntityFullType, unsigned int>;
+    BindPickle(
+        bound,
+        +[](Qualifier const& self) {
+            return State(ToKey(self), self.GetEntityFullType(), self.GetSolverIdPool());
+        },
+        +[](Key key, EntityFullType type, unsigned int pool) {
+            auto const& [number, name, solver, row, column] = key;
+            Qualifier made = name.empty() ? Qualifier(number, type, 0, row, column, pool)
+                                          : Qualifier(name, type, 0, row, column, pool);
+            made.SetSolverIdx(solver);
+            return made;
+        });
 }
 
 void BindColor(py::module_& module) {
@@ -206,6 +271,18 @@ void BindColor(py::module_& module) {
                                         : Format("Color({}, {}, {})", red, green, blue);
         });
     BindEquality<Color>(bound);
+    using State = std::tuple<std::optional<unsigned int>, unsigned char, unsigned char, unsigned char>;
+    BindPickle(
+        bound,
+        +[](Color const& self) {
+            unsigned int index = 0;
+            unsigned char red = 0, green = 0, blue = 0;
+            self.GetRGB(red, green, blue);
+            return State(self.GetIndex(index) ? std::optional(index) : std::nullopt, red, green, blue);
+        },
+        +[](std::optional<unsigned int> index, unsigned char red, unsigned char green, unsigned char blue) {
+            return index ? Color(*index) : Color(red, green, blue);
+        });
 }
 
 void BindVersion(py::module_& module) {
@@ -213,9 +290,12 @@ void BindVersion(py::module_& module) {
                               "A semantic version. Wherever one is expected, a text will do.");
     bound.def(py::init<>())
         .def(py::init([](std::string const& text) {
-                 if (!Version::IsValid(text))
-                     throw Refused("'" + text + "' is no version");
-                 return Version(text);
+                 try {
+                     if (Version::IsValid(text))
+                         return Version(text);
+                 } catch (std::out_of_range const&) { // a number that is too large
+                 }
+                 throw Refused("'" + text + "' is no version");
              }),
              py::arg("text"))
         .def_property_readonly("major", &Version::GetMajor)
@@ -228,10 +308,49 @@ void BindVersion(py::module_& module) {
         .def(py::self > py::self)
         .def(py::self >= py::self)
         .def("__str__", &Version::GetString)
-        .def("__hash__", [](Version const& self) { return py::hash(py::str(self.GetString())); })
+        .def("__hash__", [](Version const& self) { return py::hash(py::cast(self.GetString())); })
         .def("__repr__", [](Version const& self) { return Format("Version({!r})", self.GetString()); });
     BindEquality<Version>(bound);
+    BindPickle(
+        bound, +[](Version const& self) { return std::tuple(self.GetString()); },
+        +[](qzString text) { return Version(text); });
     py::implicitly_convertible<py::str, Version>();
+}
+
+qzStlVector<qzVariant> ToVariants(py::args const& arguments) {
+    qzStlVector<qzVariant> variants;
+    for (py::handle const argument : arguments) {
+        qzVariant variant;
+        if (py::isinstance<py::bool_>(argument))
+            variant.SetBoolean(argument.cast<bool>());
+        else if (py::isinstance<py::int_>(argument))
+            variant.SetLong64(argument.cast<long long>());
+        else if (py::isinstance<py::float_>(argument))
+            variant.SetDouble(argument.cast<double>());
+        else
+            variant.SetString(argument.cast<qzString>());
+        variants.push_back(variant);
+    }
+    return variants;
+}
+
+void BindIdentifierPair(py::module_& module) {
+    py::class_<IdentifierPair> bound(module, "IdentifierPair", "The number and the name of one thing.");
+    bound.def(py::init<int, qzString const&>(), py::arg("number") = 0, py::arg("name") = "")
+        .def_property_readonly("numeric", &IdentifierPair::GetNumeric)
+        .def_property_readonly("named", &IdentifierPair::GetNamed)
+        .def_property_readonly("is_valid", &IdentifierPair::IsValid)
+        .def("__repr__", [](IdentifierPair const& self) {
+            return Format("IdentifierPair({}, {!r})", self.GetNumeric().GetNumericKey(),
+                          self.GetNamed().GetNameKey());
+        });
+    BindEquality<IdentifierPair>(bound);
+    BindPickle(
+        bound,
+        +[](IdentifierPair const& self) {
+            return std::tuple(self.GetNumeric().GetNumericKey(), self.GetNamed().GetNameKey());
+        },
+        +[](int number, qzString name) { return IdentifierPair(number, name); });
 }
 
 void BindFunction(py::module_& module) {
@@ -246,16 +365,42 @@ void BindFunction(py::module_& module) {
         .def_property_readonly("native_name", &Function::GetFunctionNameCPP)
         .def_property_readonly("usage",
                                [](Function const& self) { return static_cast<int>(self.GetUsage()); })
+        .def_property_readonly(
+            "has_callback", [](Function const& self) { return self.GetCallBackCPP() != nullptr; },
+            "Whether there is a native function behind it, which only C++ can call.")
+        .def(
+            "call_script",
+            [](Function const& self, py::args const& arguments) {
+                qzString output;
+                qzReturnStatus const status = CallScriptFunction(self, ToVariants(arguments), output);
+                if (status.status != 0)
+                    throw Refused(output.empty() ? status.message : output);
+                return output;
+            },
+            "Calls the function of that name in Tcl with numbers and texts, and gives what it printed.")
+        .def("__str__", [](Function const& self) { return GetAsString(self); })
         .def("__repr__", [](Function const& self) {
             return Format("Function({!r}, {!r})", self.GetFunctionNameTCL(), self.GetFunctionNameCPP());
         });
     BindEquality<Function>(bound);
+    using State = std::tuple<int, qzString, qzString>;
+    BindPickle(
+        bound,
+        +[](Function const& self) {
+            if (self.GetCallBackCPP() != nullptr)
+                throw py::type_error("a function that calls into this process cannot be pickled");
+            return State(self.GetUsage(), self.GetFunctionNameTCL(), self.GetFunctionNameCPP());
+        },
+        +[](int usage, qzString tclName, qzString nativeName) {
+            return Function(static_cast<Function::Usage>(usage), tclName, nullptr, nativeName);
+        });
 }
 
 } // namespace
 
 void BindIdentities(py::module_& module) {
     BindIdentifier(module);
+    BindIdentifierPair(module);
     BindEntityFullType(module);
     BindEntity(module);
     BindQualifier(module);

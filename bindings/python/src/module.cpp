@@ -18,6 +18,13 @@ PYBIND11_MODULE(_core, module) {
     BindObjects(module);
     BindEvents(module);
     BindRegistry(module);
-    BindDerived(module);
+    BindAttributes(module);
+    BindContents(module);
+    BindCollections(module);
+    BindDatabases(module);
+    BindSerializers(module);
+    BindRegistryHooks(module);
+    BindDerivedSession(module);
+    BindDerivedObject(module);
     BindScripts(module);
 }

@@ -10,7 +10,7 @@ using Class = py::class_<ObjectHandle>;
 Definition const& FindDefinition(Metaobject const& object, Identifier const& attribute) {
     Definition const* const definition = object.GetDefinition(attribute);
     if (definition == nullptr)
-        throw py::key_error("no attribute " + std::string(py::str(py::cast(attribute))));
+        throw Missing("no attribute " + ToText(py::cast(attribute)));
     return *definition;
 }
 
@@ -32,11 +32,15 @@ void BindValues(Class& object) {
             "__setitem__",
             [](ObjectHandle const& self, Identifier const& attribute, py::object const& data) {
                 Metaobject const& held = self.Get();
-                Value const value = TakeData(TypeSpec::Of(FindDefinition(held, attribute)), data);
-                Check(held.SetValue(attribute, value));
+                Definition const& definition = FindDefinition(held, attribute);
+                Check(held.SetValue(attribute, py::isinstance<Value>(data)
+                                                   ? data.cast<Value const&>()
+                                                   : TakeData(TypeSpec::Of(definition), data)));
             },
             py::arg("attribute"), py::arg("data"),
-            "Sets an attribute to data of its declared type. Raises Refused, with the reason, for others.")
+            "Sets an attribute to data, or to a Value, of its declared type. Raises Refused, with the "
+            "reason, for "
+            "others.")
         .def(
             "__contains__",
             [](ObjectHandle const& self, Identifier const& attribute) {
@@ -50,18 +54,16 @@ void BindValues(Class& object) {
                 FindDefinition(self.Get(), attribute);
                 Check(self.Get().GetValueAsString(attribute, text, format),
                       "the value has no text of that form");
-                return GiveText(text);
+                return text;
             },
             py::arg("attribute"), py::arg("format") = "",
             "The value as text, in the type's own form or a given one.")
         .def(
             "set_text",
-            [](ObjectHandle const& self, Identifier const& attribute, py::str const& text,
+            [](ObjectHandle const& self, Identifier const& attribute, std::string const& text,
                std::string const& format) {
-                qzString bytes;
-                TakeText(text, bytes);
                 FindDefinition(self.Get(), attribute);
-                Check(self.Get().SetValueFromString(attribute, bytes, format));
+                Check(self.Get().SetValueFromString(attribute, text, format));
             },
             py::arg("attribute"), py::arg("text"), py::arg("format") = "", "Reads a value from text.")
         .def(
@@ -173,8 +175,7 @@ void BindPlace(Class& object) {
         .def_property_readonly("id", [](ObjectHandle const& self) { return self.GetEntity().GetId(); })
         .def_property_readonly("type",
                                [](ObjectHandle const& self) { return self.GetEntity().GetEntityFullType(); })
-        .def_property_readonly("name",
-                               [](ObjectHandle const& self) { return GiveText(self.Get().GetName()); })
+        .def_property_readonly("name", [](ObjectHandle const& self) { return self.Get().GetName(); })
         .def_property_readonly("session",
                                [](ObjectHandle const& self) { return GiveSession(self.Get().GetSession()); })
         .def_property_readonly("owner", &GiveOwner, "The object that owns this one; None when nothing does.")
@@ -183,18 +184,13 @@ void BindPlace(Class& object) {
             "Whether there is such an object. Nothing but its entity can be asked of one that is gone.")
         .def("__repr__",
              [](ObjectHandle const& self) {
-                 return "<" +
-                        std::string(py::str(GiveText(self.GetEntity().GetEntityFullType().GetTypeNamed()))) +
-                        " " + std::to_string(self.GetEntity().GetId()) +
-                        (self.Find() != nullptr ? ">" : ", gone>");
+                 return "<" + self.GetEntity().GetEntityFullType().GetTypeNamed() + " " +
+                        std::to_string(self.GetEntity().GetId()) + (self.Find() != nullptr ? ">" : ", gone>");
              })
         .def(
             "__eq__", [](ObjectHandle const& self, ObjectHandle const& other) { return self == other; },
             py::is_operator())
-        .def("__hash__", [](ObjectHandle const& self) {
-            return EntityFullType::hash()(self.GetEntity().GetEntityFullType()) * 31 +
-                   self.GetEntity().GetId();
-        });
+        .def("__hash__", [](ObjectHandle const& self) { return EntityHash()(self.GetEntity()); });
 }
 
 } // namespace

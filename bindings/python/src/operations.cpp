@@ -1,4 +1,4 @@
-#include "bindings.h"
+#include "copies.h"
 
 #include "descriptor/DataOperationListBuilder.h"
 #include "descriptor/MemoryBuffer.h"
@@ -42,6 +42,7 @@ void BindDataOperation(py::module_& module) {
         .def_property_readonly("display_name", &DataOperation::GetDisplayName)
         .def_property_readonly("icon", &DataOperation::GetIconFilePath)
         .def_property_readonly("enabled", &DataOperation::IsEnabled)
+        .def_property_readonly("has_list", &DataOperation::HasList)
         .def_property_readonly("function_name",
                                [](DataOperation const& self) {
                                    qzString name;
@@ -70,6 +71,7 @@ void BindDataOperation(py::module_& module) {
         .def("__repr__", [](DataOperation const& self) {
             return py::str("<DataOperation {!r}>").format(self.GetDisplayName());
         });
+    BindCopy<DataOperation>(bound);
 }
 
 void BindDataOperationList(py::module_& module) {
@@ -94,6 +96,7 @@ void BindDataOperationList(py::module_& module) {
         .def("__repr__", [](DataOperationList const& self) {
             return py::str("<DataOperationList of {}>").format(self.GetCount());
         });
+    BindCopy<DataOperationList>(bound);
 }
 
 struct EndBuilder {
@@ -103,6 +106,9 @@ struct EndBuilder {
 /// The library's builders end by a call of their own.
 class MenuBuilder {
 public:
+    MenuBuilder() = default;
+    MenuBuilder(MenuBuilder const& other) : m_builder(other->Clone()) {}
+
     DataOperationListBuilder* operator->() const { return m_builder.get(); }
 
 private:
@@ -111,11 +117,12 @@ private:
 
 void BindBuilder(py::module_& module) {
     constexpr char const* refusal = "the parent key names no list, or the key is taken";
-    py::class_<MenuBuilder>(
+    py::class_<MenuBuilder> bound(
         module, "DataOperationListBuilder",
         "Makes a nested menu out of entries that name the list they go into by its key; an "
-        "empty key means the top level.")
-        .def(py::init<>())
+        "empty key means the top level.");
+    BindCopy<MenuBuilder>(bound);
+    bound.def(py::init<>())
         .def(
             "insert_list",
             [](MenuBuilder& self, std::string const& name, std::string const& key, std::string const& parent,
@@ -157,7 +164,9 @@ void BindBuilder(py::module_& module) {
 }
 
 void BindMemoryBuffer(py::module_& module) {
-    py::class_<MemoryBuffer>(module, "MemoryBuffer", "Bytes that travel between a serializer and its caller.")
+    py::class_<MemoryBuffer>(module, "MemoryBuffer",
+                             "Bytes that travel between a serializer of C++ and its caller; those of Python "
+                             "give and take bytes.")
         .def(py::init([](py::bytes const& bytes) {
                  std::string_view const view = bytes;
                  auto buffer = std::make_unique<MemoryBuffer>();

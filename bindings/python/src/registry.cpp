@@ -1,48 +1,16 @@
-#include "derived.h"
-#include "handles.h"
+#include "derived_registry.h"
+#include "derived_session.h"
+#include "overrides.h"
+
+#include <numeric>
 
 namespace qzPython {
-
-// Unless a derived class overrides it, the method is the one of Registry below.
-ISession* PythonRegistry::CreateSession(qzString const& name) {
-    ISession* session = nullptr;
-    RunOrReport([&] {
-        py::object const self = py::cast(&m_handle, py::return_value_policy::reference);
-        py::object const made = self.attr("create_session")(GiveText(name));
-        if (made.is_none())
-            return;
-        ISession& given = made.cast<SessionHandle const&>().Get();
-        if (given.GetMetaclassMgr() != this)
-            throw std::runtime_error("create_session gave a session of another registry");
-        session = &given;
-    });
-    return session;
-}
 
 namespace {
 
 using Handles = std::vector<unsigned int>;
 
 qzStlVector<unsigned int> ToHandles(Handles const& handles) { return {handles.begin(), handles.end()}; }
-
-/// A metaclass by its handle or its name.
-unsigned int ToMetaclass(MetaclassMgr const& registry, py::handle metaclass) {
-    if (py::isinstance<py::str>(metaclass)) {
-        unsigned int const handle = registry.FindHandle(metaclass.cast<std::string>());
-        if (handle == 0)
-            throw py::key_error("no metaclass " + metaclass.cast<std::string>());
-        return handle;
-    }
-    return metaclass.cast<unsigned int>();
-}
-
-/// An attribute by its handle or its identifier.
-unsigned int ToAttribute(MetaclassMgr const& registry, unsigned int metaclass, py::handle attribute,
-                         unsigned int config) {
-    if (py::isinstance<py::int_>(attribute))
-        return attribute.cast<unsigned int>();
-    return registry.FindAttributeHandle(metaclass, attribute.cast<Identifier>(), config, true);
-}
 
 unsigned int Made(unsigned int handle, char const* refusal) {
     if (handle == 0)
@@ -73,7 +41,7 @@ void BindMetaclasses(Class& registry) {
             [](RegistryHandle const& self, py::object const& metaclass) {
                 qzString name, parent;
                 if (!self.Get().GetNameAndOfParent(ToMetaclass(self.Get(), metaclass), name, parent))
-                    throw py::key_error("no such metaclass");
+                    throw Missing("no such metaclass");
                 return name;
             },
             py::arg("metaclass"))
@@ -82,7 +50,7 @@ void BindMetaclasses(Class& registry) {
             [](RegistryHandle const& self, py::object const& metaclass) {
                 qzString name, parent;
                 if (!self.Get().GetNameAndOfParent(ToMetaclass(self.Get(), metaclass), name, parent))
-                    throw py::key_error("no such metaclass");
+                    throw Missing("no such metaclass");
                 return parent;
             },
             py::arg("metaclass"), "The name of the parent; empty for a root.")
@@ -91,7 +59,7 @@ void BindMetaclasses(Class& registry) {
             [](RegistryHandle const& self, py::object const& metaclass) {
                 Version version;
                 if (!self.Get().GetVersion(ToMetaclass(self.Get(), metaclass), version))
-                    throw py::key_error("no such metaclass");
+                    throw Missing("no such metaclass");
                 return version;
             },
             py::arg("metaclass"))
@@ -104,22 +72,6 @@ void BindMetaclasses(Class& registry) {
                 return children;
             },
             py::arg("metaclass"), py::arg("recursive") = false, py::arg("include_self") = false)
-        .def(
-            "check_parent",
-            [](RegistryHandle const& self, py::object const& metaclass, py::object const& ancestor) {
-                return self.Get().CheckParent(ToMetaclass(self.Get(), metaclass),
-                                              ToMetaclass(self.Get(), ancestor));
-            },
-            py::arg("metaclass"), py::arg("ancestor"),
-            "Whether a metaclass is another one or descends from it.")
-        .def(
-            "types",
-            [](RegistryHandle const& self) {
-                qzStlVector<EntityFullType> types;
-                self.Get().GetRegisteredEntityFullTypes(types);
-                return types;
-            },
-            "The entity type of every metaclass.")
         .def("__len__", [](RegistryHandle const& self) { return self.Get().GetHandlesCount(); })
         .def("__contains__", [](RegistryHandle const& self, std::string const& name) {
             return self.Get().FindHandle(name) != 0;
@@ -139,10 +91,13 @@ void BindConfigurations(Class& registry) {
             "Adds a configuration; number 0 asks for the smallest that is free.")
         .def(
             "find_config",
-            [](RegistryHandle const& self, py::object const& metaclass, std::string const& name) {
-                return self.Get().FindConfigHandle(ToMetaclass(self.Get(), metaclass), name);
+            [](RegistryHandle const& self, py::object const& metaclass, py::object const& key) {
+                unsigned int const handle = ToMetaclass(self.Get(), metaclass);
+                return py::isinstance<py::str>(key)
+                           ? self.Get().FindConfigHandle(handle, key.cast<qzString>())
+                           : self.Get().FindConfigHandle(handle, key.cast<unsigned int>());
             },
-            py::arg("metaclass"), py::arg("name"))
+            py::arg("metaclass"), py::arg("key"), "The handle of a configuration by its name or its number.")
         .def(
             "insert_attributes_into_config",
             [](RegistryHandle& self, py::object const& metaclass, unsigned int config,
@@ -163,6 +118,57 @@ void BindConfigurations(Class& registry) {
                 return added;
             },
             py::arg("metaclass"), py::arg("config"), py::arg("actions"));
+}
+
+void CheckConfig(bool is) {
+    if (!is)
+        throw Missing("no such configuration");
+}
+
+void BindConfigurationQuestions(Class& registry) {
+    registry
+        .def(
+            "config_usage",
+            [](RegistryHandle const& self, py::object const& metaclass) {
+                return self.Get().GetConfigUsage(ToMetaclass(self.Get(), metaclass));
+            },
+            py::arg("metaclass"))
+        .def(
+            "configs",
+            [](RegistryHandle const& self, py::object const& metaclass) {
+                unsigned int count = 0;
+                self.Get().GetConfigHandlesCount(ToMetaclass(self.Get(), metaclass), count);
+                Handles handles(count);
+                std::iota(handles.begin(), handles.end(), 1u);
+                return handles;
+            },
+            py::arg("metaclass"), "The handles of the configurations.")
+        .def(
+            "config_name",
+            [](RegistryHandle const& self, py::object const& metaclass, unsigned int config) {
+                qzString name, parent;
+                CheckConfig(self.Get().GetConfigNameAndOfParent(ToMetaclass(self.Get(), metaclass), config,
+                                                                name, parent));
+                return name;
+            },
+            py::arg("metaclass"), py::arg("config"))
+        .def(
+            "config_parent",
+            [](RegistryHandle const& self, py::object const& metaclass, unsigned int config) {
+                qzString name, parent;
+                CheckConfig(self.Get().GetConfigNameAndOfParent(ToMetaclass(self.Get(), metaclass), config,
+                                                                name, parent));
+                return parent;
+            },
+            py::arg("metaclass"), py::arg("config"), "The name of the parent; empty without one.")
+        .def(
+            "config_number",
+            [](RegistryHandle const& self, py::object const& metaclass, unsigned int config) {
+                unsigned int number = 0;
+                CheckConfig(self.Get().GetConfigNumber(ToMetaclass(self.Get(), metaclass), config, number));
+                return number;
+            },
+            py::arg("metaclass"), py::arg("config"));
 }
 
 void BindMembers(Class& registry) {
@@ -198,7 +204,20 @@ void BindMembers(Class& registry) {
                       "there is no such attribute");
             },
             py::arg("metaclass"), py::arg("attribute"), py::arg("definition"), py::arg("config") = 0,
-            "Says what the columns of a table are.")
+            "Says what the columns of a table are.");
+}
+
+/// The identifiers of handles.
+template <class Identify>
+qzStlVector<Identifier> Identifiers(qzStlVector<unsigned int> const& handles, Identify&& identify) {
+    qzStlVector<Identifier> identifiers;
+    for (unsigned int const handle : handles)
+        identifiers.push_back(identify(handle));
+    return identifiers;
+}
+
+void BindMemberQuestions(Class& registry) {
+    registry
         .def(
             "find_attribute",
             [](RegistryHandle const& self, py::object const& metaclass, Identifier const& id,
@@ -219,12 +238,45 @@ void BindMembers(Class& registry) {
                 unsigned int const handle = ToMetaclass(self.Get(), metaclass);
                 qzStlVector<unsigned int> attributes;
                 self.Get().GetAttributeHandles(handle, attributes, config);
-                py::list identifiers;
-                for (unsigned int const attribute : attributes)
-                    identifiers.append(self.Get().GetIdentifier(handle, attribute, config, false));
-                return identifiers;
+                return Identifiers(attributes, [&](unsigned int attribute) {
+                    return self.Get().GetIdentifier(handle, attribute, config, false);
+                });
             },
             py::arg("metaclass"), py::arg("config") = 0, "The identifiers of the attributes, in order.")
+        .def(
+            "owner_attributes",
+            [](RegistryHandle const& self, py::object const& metaclass, unsigned int config) {
+                unsigned int const handle = ToMetaclass(self.Get(), metaclass);
+                qzStlVector<unsigned int> attributes;
+                self.Get().GetOwnerAttributeHandles(handle, attributes, config);
+                return Identifiers(attributes, [&](unsigned int attribute) {
+                    return self.Get().GetIdentifier(handle, attribute, config, false);
+                });
+            },
+            py::arg("metaclass"), py::arg("config") = 0,
+            "The identifiers of the attributes through which its objects own others.")
+        .def(
+            "actions",
+            [](RegistryHandle const& self, py::object const& metaclass, unsigned int config) {
+                unsigned int const handle = ToMetaclass(self.Get(), metaclass);
+                qzStlVector<unsigned int> actions;
+                self.Get().GetActionHandles(handle, actions, config);
+                return Identifiers(actions, [&](unsigned int action) {
+                    Identifier id;
+                    self.Get().GetActionDefinition(handle, action, id, config);
+                    return id;
+                });
+            },
+            py::arg("metaclass"), py::arg("config") = 0, "The identifiers of the actions, in order.")
+        .def(
+            "identifier",
+            [](RegistryHandle const& self, py::object const& metaclass, unsigned int attribute,
+               unsigned int config, bool secondary) {
+                return self.Get().GetIdentifier(ToMetaclass(self.Get(), metaclass), attribute, config,
+                                                secondary);
+            },
+            py::arg("metaclass"), py::arg("attribute"), py::arg("config") = 0, py::arg("secondary") = false,
+            "The identifier of an attribute's handle; an empty one when there is no such attribute.")
         .def(
             "definition",
             [](RegistryHandle const& self, py::object const& metaclass, py::object const& attribute,
@@ -249,37 +301,16 @@ void BindMembers(Class& registry) {
             py::arg("metaclass"), py::arg("name"), py::arg("config") = 0);
 }
 
-void BindOwnership(Class& registry) {
-    registry
-        .def(
-            "set_ownership",
-            [](RegistryHandle& self, py::object const& child, py::object const& owner,
-               py::object const& attribute) {
-                unsigned int const ownerHandle = ToMetaclass(self.Get(), owner);
-                self.Get().SetOwnership(ToMetaclass(self.Get(), child), ownerHandle,
-                                        Made(ToAttribute(self.Get(), ownerHandle, attribute, 0),
-                                             "the owner has no such attribute"));
-            },
-            py::arg("child"), py::arg("owner"), py::arg("attribute"),
-            "Objects of the child metaclass may be owned through that attribute of an owner.")
-        .def(
-            "ownership",
-            [](RegistryHandle const& self, py::object const& child, py::object const& owner) {
-                qzStlVector<unsigned int> attributes;
-                self.Get().GetOwnership(ToMetaclass(self.Get(), child), ToMetaclass(self.Get(), owner),
-                                        attributes);
-                return attributes;
-            },
-            py::arg("child"), py::arg("owner"), "The handles of the owner's attributes under which.")
-        .def(
-            "set_data_operations",
-            [](RegistryHandle& self, py::object const& metaclass, DataOperationList const& operations) {
-                auto* const store = dynamic_cast<store::Registry*>(&self.Get());
-                Check(store != nullptr &&
-                          store->SetDataOperations(ToMetaclass(self.Get(), metaclass), operations),
-                      "there is no such metaclass, or the registry keeps no menus");
-            },
-            py::arg("metaclass"), py::arg("operations"), "The menu of operations on objects of a metaclass.");
+void BindMenus(Class& registry) {
+    registry.def(
+        "set_data_operations",
+        [](RegistryHandle& self, py::object const& metaclass, DataOperationList const& operations) {
+            auto* const store = dynamic_cast<store::Registry*>(&self.Get());
+            Check(store != nullptr &&
+                      store->SetDataOperations(ToMetaclass(self.Get(), metaclass), operations),
+                  "there is no such metaclass, or the registry keeps no menus");
+        },
+        py::arg("metaclass"), py::arg("operations"), "The menu of operations on objects of a metaclass.");
 }
 
 void BindSessions(Class& registry) {
@@ -296,7 +327,7 @@ void BindSessions(Class& registry) {
             [](RegistryHandle& self, std::string const& name) {
                 if (self.GetOwn() == nullptr)
                     return GiveSession(self.Get().GetSession(name));
-                return GiveSession(self.GetOwn()->store::Registry::CreateSession(name));
+                return GiveSession(self.GetOwn()->Registry::CreateSession(name));
             },
             py::arg("name"),
             "Makes a session of a name. May be overridden: what it gives is the session of that name.")
@@ -311,6 +342,9 @@ void BindSessions(Class& registry) {
             [](RegistryHandle& self, SessionHandle const& session) {
                 Check(session.Get().GetMetaclassMgr() == &self.Get(),
                       "the session is one of another registry");
+                auto const* const derived = dynamic_cast<DerivedSession const*>(&session.Get());
+                Check(derived == nullptr || !derived->IsRead(),
+                      "the session is being read: end it afterwards");
                 self.Get().RemoveSession(&session.Get());
             },
             py::arg("session"), "Ends a session.");
@@ -327,11 +361,19 @@ void BindRegistry(py::module_& module) {
         .value("NONE", MetaclassMgr::CONFIG_USAGE_NONE)
         .value("SUBMEMBER", MetaclassMgr::CONFIG_USAGE_SUBMEMBER)
         .value("OWN_MEMBERS", MetaclassMgr::CONFIG_USAGE_OWN_MEMBERS);
-    registry.def(py::init<>());
+    registry.def(
+        "__init__",
+        [](py::detail::value_and_holder& instance) {
+            bool const isDerived = !py::type::of(SelfOf(instance)).is(py::type::of<RegistryHandle>());
+            instance.value_ptr() = new RegistryHandle(isDerived);
+        },
+        py::detail::is_new_style_constructor());
     BindMetaclasses(registry);
     BindConfigurations(registry);
+    BindConfigurationQuestions(registry);
+    BindMemberQuestions(registry);
     BindMembers(registry);
-    BindOwnership(registry);
+    BindMenus(registry);
     BindSessions(registry);
 }
 

@@ -1,7 +1,8 @@
-#include "handles.h"
+#include "derived_session.h"
 
 #include "descriptor/QueryCheck.h"
 #include "descriptor/ScriptSession.h"
+#include "qzinterp/qzInterp.h"
 
 namespace qzPython {
 
@@ -65,8 +66,19 @@ void BindEntities(Class& session) {
             },
             py::arg("owner"), py::arg("attribute"), "What an entity owns under one of its attributes.")
         .def(
+            "owned_list",
+            [](SessionHandle const& self, py::object const& owner, EntityFullType const& type,
+               Identifier const& attribute) {
+                EntityList owned;
+                self.Get().GetOwnedList(ToEntity(owner), type, attribute, owned);
+                return owned;
+            },
+            py::arg("owner"), py::arg("type"), py::arg("attribute"),
+            "The entities of a type that an entity owns under one of its attributes.")
+        .def(
             "referred",
             [](SessionHandle const& self, py::object const& entity) {
+                SessionReading const reading(self.Get());
                 EntityListBag referred;
                 self.Get().GetReferred(referred, ToEntity(entity));
                 return referred;
@@ -135,6 +147,7 @@ void BindQueries(Class& session) {
         .def(
             "explain",
             [](SessionHandle const& self, py::object const& entity, std::string const& query) {
+                SessionReading const reading(self.Get());
                 Metaobject const* const object = self.Get().Get(ToEntity(entity));
                 if (object == nullptr)
                     throw Ended("the object is gone");
@@ -224,6 +237,19 @@ void BindScripts(py::module_& module) {
             return GiveRegistry(registry, [registry] { return GetScriptRegistry() == registry; });
         },
         "The registry that is named for scripts; None without one.");
+    module.def(
+        "run_script",
+        [](qzString const& language, qzString const& script) {
+            qzInterp* const interpreter = qzInterp::Get(language);
+            Check(interpreter != nullptr, "there is no interpreter of this language");
+            qzString output;
+            if (!interpreter->Execute(script, output))
+                throw Refused(output);
+            return output;
+        },
+        py::arg("language"), py::arg("script"),
+        "Runs a script in the interpreter of a language, such as 'tcl', and gives what it printed. Raises "
+        "Refused with the reason when it fails.");
     module.def(
         "get_script_session", [] { return GiveSession(GetScriptSession()); },
         "The session of the object whose action is running, else the current session of the script registry; "

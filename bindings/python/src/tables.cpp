@@ -1,4 +1,8 @@
+#include "copies.h"
+#include "databases.h"
 #include "elements.h"
+
+#include "descriptor/ExternalTables.h"
 
 namespace qzPython {
 
@@ -28,11 +32,15 @@ bool VisitData(py::handle data, F&& visitor, std::type_identity<std::tuple<List.
     return (visit(std::type_identity<List>()) || ...);
 }
 
+/// Columns of pandas as what they hold.
+py::object ToArray(py::handle data) {
+    return py::hasattr(data, "to_numpy") ? py::object(data.attr("to_numpy")())
+                                         : py::reinterpret_borrow<py::object>(data);
+}
+
 template <class F>
 void VisitData(py::handle data, F&& visitor) {
-    py::object const array = py::hasattr(data, "to_numpy") ? py::object(data.attr("to_numpy")())
-                                                           : py::reinterpret_borrow<py::object>(data);
-    if (!VisitData(array, visitor, std::type_identity<ColumnLists>()))
+    if (!VisitData(ToArray(data), visitor, std::type_identity<ColumnLists>()))
         throw Refused("a column holds bools, whole numbers, floats, texts, triples, or entities of one type");
 }
 
@@ -51,6 +59,7 @@ py::object GiveColumn(Tabular const& table, unsigned int column, std::type_ident
 }
 
 unsigned int CheckColumn(Tabular const& table, long long column) {
+    CheckOpen(table);
     long long const count = table.GetColumnCount();
     if (column < -count || column >= count)
         throw py::index_error("there is no such column");
@@ -66,6 +75,23 @@ unsigned int CheckRow(Tabular const& table, long long row) {
 
 py::object GetColumn(Tabular const& table, long long column) {
     return GiveColumn(table, CheckColumn(table, column), std::type_identity<ColumnLists>());
+}
+
+/// Calls the visitor with the data as the list that the column is; refuses other data.
+template <class... List>
+bool SetColumnOf(Tabular& table, unsigned int column, py::handle data,
+                 std::type_identity<std::tuple<List...>>) {
+    auto const set = [&]<class L>(std::type_identity<L>) {
+        L list;
+        return table.GetColumn(column, list) == 0 && Take(data, list) && table.SetColumn(column, list);
+    };
+    return (set(std::type_identity<List>()) || ...);
+}
+
+void SetColumn(Tabular& table, long long column, py::object const& data) {
+    unsigned int const at = CheckColumn(table, column);
+    Check(SetColumnOf(table, at, ToArray(data), std::type_identity<ColumnLists>()),
+          "the column does not take these values");
 }
 
 py::object GetCell(Tabular const& table, std::pair<long long, long long> place) {
@@ -127,15 +153,7 @@ void BindColumns(py::class_<Tabular>& bound) {
     bound
         .def("column", &GetColumn, py::arg("column"),
              "A copy of a column: an array, a list of texts, or an EntityList.")
-        .def(
-            "set_column",
-            [](Tabular& self, long long column, py::object const& data) {
-                unsigned int const at = CheckColumn(self, column);
-                VisitData(data, [&](auto const& list) {
-                    Check(self.SetColumn(at, list), "the column does not take these values");
-                });
-            },
-            py::arg("column"), py::arg("data"), "Replaces a column.")
+        .def("set_column", &SetColumn, py::arg("column"), py::arg("data"), "Replaces a column.")
         .def(
             "insert_column",
             [](Tabular& self, py::object const& data, std::optional<unsigned int> at) {
@@ -167,7 +185,65 @@ void BindColumns(py::class_<Tabular>& bound) {
                 unsigned int const at = CheckColumn(self, column);
                 return TypeSpec{self.GetBasicType(at), self.GetCompoundType(at), 0};
             },
-            py::arg("column"));
+            py::arg("column"))
+        .def(
+            "entity_type",
+            [](Tabular const& self, long long column) {
+                return self.GetEntityListType(CheckColumn(self, column));
+            },
+            py::arg("column"), "The type of the entities in a column; an empty one for other columns.")
+        .def("has_entity_type", &Tabular::HasThisEntityListType, py::arg("type"),
+             "Whether a column holds entities of the type.")
+        .def(
+            "column_identifier",
+            [](Tabular const& self, long long column) -> std::optional<Identifier> {
+                Identifier identifier;
+                bool const has = self.GetIdentifierFromColumn(CheckColumn(self, column), identifier);
+                return has ? std::optional(identifier) : std::nullopt;
+            },
+            py::arg("column"), "What a column of an external table is known by; None without that.")
+        .def(
+            "set_column_identifier",
+            [](Tabular& self, long long column, Identifier const& identifier) {
+                Check(SetColumnIdentifier(self, CheckColumn(self, column), identifier),
+                      "columns of tables in memory have no identifiers");
+            },
+            py::arg("column"), py::arg("identifier"))
+        .def(
+            "find_column",
+            [](Tabular const& self, Identifier const& identifier) -> std::optional<unsigned int> {
+                CheckOpen(self);
+                unsigned int column = 0;
+                bool const has = self.GetColumnFromIdentifier(identifier, column);
+                return has ? std::optional(column) : std::nullopt;
+            },
+            py::arg("identifier"), "The column of an identifier; None when there is none.");
+}
+
+/// A column by its type, the type of its entities, and its cells.
+using ColumnState = std::tuple<TypeSpec, EntityFullType, py::object>;
+
+void BindCopies(py::class_<Tabular>& bound) {
+    BindPickle(
+        bound,
+        +[](Tabular const& self) {
+            if (self.UsesExternalStorage())
+                throw py::type_error("a table outside memory cannot be pickled, its copy_to_memory() can");
+            std::vector<ColumnState> columns;
+            for (unsigned int i = 0; i < self.GetColumnCount(); ++i)
+                columns.push_back(ColumnState(TypeSpec{self.GetBasicType(i), self.GetCompoundType(i), 0},
+                                              self.GetEntityListType(i), GetColumn(self, i)));
+            return std::tuple(columns);
+        },
+        +[](std::vector<ColumnState> columns) {
+            Tabular table;
+            for (auto const& [type, entityType, cells] : columns) {
+                unsigned int const at = table.GetColumnCount();
+                table.InsertColumn(type.basic, type.compound, entityType, at);
+                SetColumn(table, at, cells);
+            }
+            return table;
+        });
 }
 
 } // namespace
@@ -213,6 +289,9 @@ void BindTables(py::module_& module) {
             },
             py::arg("rows"))
         .def(
+            "reserve_rows", [](Tabular& self, unsigned int rows) { self.ReserveRows(rows); }, py::arg("rows"),
+            "Makes room for rows to come.")
+        .def(
             "clear_rows", [](Tabular& self) { self.ClearRows(); },
             "Removes every row; columns keep their types.")
         .def("to_dict", &ToDict, py::arg("names") = py::none(),
@@ -227,6 +306,7 @@ void BindTables(py::module_& module) {
                 .format(self.GetRowCount(), self.GetColumnCount());
         });
     BindColumns(bound);
+    BindCopies(bound);
 }
 
 } // namespace qzPython

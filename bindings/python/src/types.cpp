@@ -1,4 +1,7 @@
 #include "conversions.h"
+#include "copies.h"
+
+#include "descriptor/DataTypeUtils.h"
 
 namespace qzPython {
 
@@ -57,7 +60,7 @@ TypeSpec ToGenericSpec(py::handle type) {
         spec.compound = arguments.size() == 2 ? CT_COUPLE : CT_TRIPLE;
         return spec;
     }
-    throw py::type_error(std::string(py::repr(type)) + " is no type of values");
+    throw py::type_error(ToText(py::repr(type)) + " is no type of values");
 }
 
 } // namespace
@@ -104,6 +107,50 @@ std::string NameOf(TypeSpec const& type) {
     return std::string(py::str(py::cast(type.compound).attr("name"))) + " of " + basic;
 }
 
+void BindDataType(py::module_& module) {
+    static constexpr std::pair<char const*, DATA_TYPE> s_codes[] = {{"BOOL", DT_BOOL},
+                                                                    {"CHAR", DT_CHAR},
+                                                                    {"CHAR_LIST", DT_CHAR_LIST},
+                                                                    {"COLOR", DT_COLOR},
+                                                                    {"COUPLE", DT_COUPLE},
+                                                                    {"COUPLE_LIST", DT_COUPLE_LIST},
+                                                                    {"COUPLE_F", DT_COUPLE_F},
+                                                                    {"COUPLE_I", DT_COUPLE_I},
+                                                                    {"DOUBLE", DT_DOUBLE},
+                                                                    {"DOUBLE_LIST", DT_DOUBLE_LIST},
+                                                                    {"DOUBLE_LIST2", DT_DOUBLE_LIST2},
+                                                                    {"ENTITY", DT_ENTITY},
+                                                                    {"ENTITY_BAG", DT_ENTITY_BAG},
+                                                                    {"ENTITY_LIST", DT_ENTITY_LIST},
+                                                                    {"FLOAT", DT_FLOAT},
+                                                                    {"FLOAT_LIST", DT_FLOAT_LIST},
+                                                                    {"FLOAT_LIST2", DT_FLOAT_LIST2},
+                                                                    {"FORMULA", DT_FORMULA},
+                                                                    {"FORMULA_BAG", DT_FORMULA_BAG},
+                                                                    {"FORMULA_LIST", DT_FORMULA_LIST},
+                                                                    {"INT", DT_INT},
+                                                                    {"INT_LIST", DT_INT_LIST},
+                                                                    {"INT_LIST2", DT_INT_LIST2},
+                                                                    {"MATRIX33", DT_MATRIX33},
+                                                                    {"MATRIX44", DT_MATRIX44},
+                                                                    {"QUALIFIER", DT_QUALIFIER},
+                                                                    {"QUALIFIER_LIST", DT_QUALIFIER_LIST},
+                                                                    {"STRING", DT_STRING},
+                                                                    {"STRING_LIST", DT_STRING_LIST},
+                                                                    {"TRIPLE", DT_TRIPLE},
+                                                                    {"TRIPLE_LIST", DT_TRIPLE_LIST},
+                                                                    {"TRIPLE_F", DT_TRIPLE_F},
+                                                                    {"TRIPLE_I", DT_TRIPLE_I},
+                                                                    {"UCHAR", DT_UCHAR},
+                                                                    {"UINT", DT_UINT},
+                                                                    {"UINT_LIST", DT_UINT_LIST},
+                                                                    {"UINT_LIST2", DT_UINT_LIST2},
+                                                                    {"UNKNOWN", DT_UNKNOWN}};
+    py::enum_<DATA_TYPE> bound(module, "DataType", "The flat codes of the types of values.");
+    for (auto const& [name, code] : s_codes)
+        bound.value(name, code);
+}
+
 } // namespace
 
 void BindTypes(py::module_& module) {
@@ -136,17 +183,24 @@ void BindTypes(py::module_& module) {
         .value("FORMULA", CT_FORMULA)
         .value("FUNCTION", CT_FUNCTION)
         .value("TABULAR", CT_TABULAR);
-    py::class_<TypeSpec>(
+    BindDataType(module);
+    py::class_<TypeSpec> bound(
         module, "ValueType",
         "The type of a value: that of its elements, their shape, and the dimension (0 one element, "
         "1 a list, 2 a two-level list, 3 a bag, 4 a register of bags). Made of a Python type, too: "
-        "ValueType(list[float]).")
-        .def(py::init(&ToTypeSpec), py::arg("type"))
+        "ValueType(list[float]).");
+    bound.def(py::init(&ToTypeSpec), py::arg("type"))
         .def(py::init<BasicType, CompoundType, unsigned int>(), py::arg("basic"), py::arg("compound"),
              py::arg("dimension") = 0)
         .def_readonly("basic", &TypeSpec::basic)
         .def_readonly("compound", &TypeSpec::compound)
         .def_readonly("dimension", &TypeSpec::dimension)
+        .def_property_readonly(
+            "data_type",
+            [](TypeSpec const& self) {
+                return DataTypeUtils::GetValueDataType(self.basic, self.compound, self.dimension);
+            },
+            "The flat code of the type. Several types have none.")
         .def(
             "__eq__", [](TypeSpec const& a, TypeSpec const& b) { return a == b; }, py::is_operator())
         .def("__hash__",
@@ -155,6 +209,12 @@ void BindTypes(py::module_& module) {
              })
         .def("__str__", &NameOf)
         .def("__repr__", [](TypeSpec const& self) { return "<ValueType " + NameOf(self) + ">"; });
+    using State = std::tuple<int, int, unsigned int>;
+    BindPickle(
+        bound, +[](TypeSpec const& self) { return State(self.basic, self.compound, self.dimension); },
+        +[](int basic, int compound, unsigned int dimension) {
+            return TypeSpec{static_cast<BasicType>(basic), static_cast<CompoundType>(compound), dimension};
+        });
 }
 
 } // namespace qzPython
