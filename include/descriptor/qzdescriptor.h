@@ -42,6 +42,7 @@
 #include "descriptor/MetaclassMgr.h"
 #include "descriptor/Metaobject.h"
 #include "descriptor/MetaobjectCollection.h"
+#include "descriptor/ObjectQuery.h"
 #include "descriptor/Qualifier.h"
 #include "descriptor/QueryCheck.h"
 #include "descriptor/QueryParser.h"

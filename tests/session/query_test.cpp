@@ -4,6 +4,7 @@
 #include "descriptor/Entity.h"
 #include "descriptor/EntityList.h"
 #include "descriptor/Metaobject.h"
+#include "descriptor/ObjectQuery.h"
 #include "descriptor/QueryCheck.h"
 #include "descriptor/QueryParser.h"
 #include "descriptor/Value.h"
@@ -58,10 +59,13 @@ public:
         held.SetValue(value);
         EXPECT_EQ(object.SetValue(Identifier(attribute), held).message, "");
     }
+    // The way over contents and that over objects find the same.
     std::vector<unsigned int> Find(std::string const& query) {
-        EntityList found;
+        EntityList found, foundByObjects;
         unsigned long long const count = session.Collect(found, type, query);
         EXPECT_EQ(count, found.GetIdListCount());
+        EXPECT_EQ(session.ISession::Collect(foundByObjects, type, query), count) << query;
+        EXPECT_TRUE(found == foundByObjects) << query;
         return std::vector<unsigned int>(found.begin(), found.end());
     }
 
@@ -162,6 +166,23 @@ TEST_F(Queries, SeeAnAttributeThatOneObjectHasOtherwise) {
     ASSERT_TRUE(content.ReplaceDefinition(4, std::make_shared<Definition const>(text)));
     Set(special, "count", qzString("3"));
     EXPECT_EQ(Find("count = 3"), (Ids{1, 2}));
+    // What does not even fit the object's own definition has no value.
+    ASSERT_TRUE(content.SetValueUnchecked(4, Value(3.0)));
+    EXPECT_EQ(Find("count = 3"), (Ids{1}));
+}
+
+TEST_F(Queries, CanBeAskedOfOneObjectAfterTheOther) {
+    Metaobject const& object = Make();
+    Set(object, "real", 3.0);
+    ObjectQuery const thick(session, type, "real > 2 and id = 7");
+    EXPECT_TRUE(thick.IsValid());
+    EXPECT_EQ(thick.GetAttributes(), (std::vector<unsigned int>{3}));
+    EXPECT_FALSE(thick.Matches(&object));
+    EXPECT_TRUE(thick.Matches(*object.GetContent(), 7));
+    EXPECT_FALSE(thick.Matches(nullptr));
+    ObjectQuery const broken(session, type, "real >");
+    EXPECT_FALSE(broken.IsValid() || broken.Matches(&object) || broken.Matches(*object.GetContent(), 7));
+    EXPECT_TRUE(broken.Explain(&object).reasons.empty());
 }
 
 TEST_F(Queries, FindWhatAPlainLoopFinds) {
@@ -174,7 +195,7 @@ TEST_F(Queries, FindWhatAPlainLoopFinds) {
         std::string text;
     };
     std::vector<Ply> plies;
-    char const* const words[] = {"wing", "tail", "Wing tip", "rib"};
+    char const* const words[] = {"wing", "tail", "Wing tip", ""};
     for (int i = 0; i < 500; ++i) {
         Metaobject const& object = Make();
         plies.push_back({random.Below(8) / 2.0, static_cast<int>(random.Below(9)) - 4,
@@ -183,7 +204,14 @@ TEST_F(Queries, FindWhatAPlainLoopFinds) {
         Set(object, "real", plies.back().real);
         Set(object, "count", plies.back().count);
         Set(object, "size", plies.back().size);
-        Set(object, "text", plies.back().text);
+        if (!plies.back().text.empty())
+            Set(object, "text", plies.back().text);
+    }
+    std::vector<bool> isGone(plies.size());
+    for (std::size_t p = 0; p < plies.size(); ++p) {
+        isGone[p] = random.Chance(5);
+        if (isGone[p])
+            session.Delete(Entity(type, static_cast<unsigned int>(p + 1)));
     }
     using Condition = std::pair<std::string, std::function<bool(Ply const&)>>;
     std::function<Condition(int)> const make = [&](int depth) -> Condition {
@@ -218,7 +246,7 @@ TEST_F(Queries, FindWhatAPlainLoopFinds) {
         Condition const condition = make(3);
         Ids expected;
         for (std::size_t p = 0; p < plies.size(); ++p) {
-            if (condition.second(plies[p]))
+            if (!isGone[p] && condition.second(plies[p]))
                 expected.push_back(static_cast<unsigned int>(p + 1));
         }
         ASSERT_EQ(Find(condition.first), expected) << condition.first;
