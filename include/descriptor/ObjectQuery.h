@@ -26,7 +26,7 @@ public:
     ObjectQuery& operator=(ObjectQuery const&) = delete;
     ~ObjectQuery();
 
-    /// False for a text that cannot be read, which no object matches.
+    /// False for a text that cannot be read, an empty one included, which no object matches.
     bool IsValid() const { return m_request != nullptr; }
     /// Why the text cannot be read, or which attribute the type does not have; empty when it is right.
     qzString GetProblem() const;

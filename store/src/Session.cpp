@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -187,10 +188,12 @@ void Session::P_CollectAll(EntityList& out, EntityFullType const& type,
         population->List(out.GetList());
 }
 
-// Goes from content to content, where the base would look each object up by its entity.
+// Goes from content to content, where the base would look each object up by its entity. A derived session may
+// answer otherwise there.
 unsigned long long Session::Collect(EntityList& out, EntityFullType const& type,
                                     std::string const& query) const {
-    Population const* const population = query.empty() ? nullptr : P_FindPopulation(type);
+    bool const isPlain = !query.empty() && typeid(*this) == typeid(Session);
+    Population const* const population = isPlain ? P_FindPopulation(type) : nullptr;
     if (population == nullptr)
         return ISession::Collect(out, type, query);
     ObjectQuery const wanted(*this, population->GetType(), query);

@@ -171,6 +171,23 @@ TEST_F(Queries, SeeAnAttributeThatOneObjectHasOtherwise) {
     EXPECT_EQ(Find("count = 3"), (Ids{1}));
 }
 
+TEST_F(Queries, AreAskedOfWhatADerivedSessionLists) {
+    struct Hiding : store::Session {
+        using Session::Session;
+        void P_CollectAll(EntityList& out, EntityFullType const& of,
+                          std::string const& query) const override {
+            Session::P_CollectAll(out, of, query);
+            out.GetList().erase(out.GetList().begin());
+        }
+    } hiding("hiding", &registry);
+    Entity created;
+    for (int i = 0; i < 3; ++i)
+        hiding.Create(type, created, Entity(), Identifier());
+    EntityList found;
+    EXPECT_EQ(hiding.Collect(found, type, "id < 3"), 1u);
+    EXPECT_EQ(found.GetList().front(), 2u);
+}
+
 TEST_F(Queries, CanBeAskedOfOneObjectAfterTheOther) {
     Metaobject const& object = Make();
     Set(object, "real", 3.0);
@@ -180,6 +197,7 @@ TEST_F(Queries, CanBeAskedOfOneObjectAfterTheOther) {
     EXPECT_FALSE(thick.Matches(&object));
     EXPECT_TRUE(thick.Matches(*object.GetContent(), 7));
     EXPECT_FALSE(thick.Matches(nullptr));
+    EXPECT_FALSE(ObjectQuery(session, type, "").IsValid());
     ObjectQuery const broken(session, type, "real >");
     EXPECT_FALSE(broken.IsValid() || broken.Matches(&object) || broken.Matches(*object.GetContent(), 7));
     EXPECT_TRUE(broken.Explain(&object).reasons.empty());

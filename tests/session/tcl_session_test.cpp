@@ -7,6 +7,7 @@
 #include "descriptor/EntityListBag.h"
 #include "descriptor/Metaobject.h"
 #include "descriptor/ScriptSession.h"
+#include "descriptor/Tabular.h"
 #include "descriptor/Tuples.h"
 #include "descriptor/Value.h"
 #include "descriptor/Version.h"
@@ -33,6 +34,7 @@ constexpr AttributeRow s_attributes[] = {
     {"axis", BT_DOUBLE, CT_TRIPLE, 0},     {"next", BT_UINT, CT_ENTITY, 0},
     {"neighbours", BT_UINT, CT_ENTITY, 1}, {"selected", BT_UINT, CT_ENTITY, 3},
     {"grid", BT_INT, CT_SCALAR, 2},        {"color", BT_UINT, CT_COLOR, 0},
+    {"loads", BT_NONE, CT_TABULAR, 0},
 };
 
 class TclSession : public testing::Test {
@@ -94,7 +96,7 @@ protected:
 
 struct Case {
     char const* command;
-    char const* printed;
+    qzString printed;
 };
 
 TEST_F(TclSession, TellsWhatThereIs) {
@@ -103,7 +105,7 @@ TEST_F(TclSession, TellsWhatThereIs) {
              {"qz types", "Laminate {Special ply} {Thin ply}\n"},
              {"qz types {Special ply}", "{Special ply} {Thin ply}\n"},
              {"qz attributes Laminate", "plies\n"},
-             {"lrange [qz attributes {Special ply}] 10 end", "grid color 7\n"},
+             {"lrange [qz attributes {Special ply}] 10 end", "grid color loads 7\n"},
              {"qz actions {Thin ply}", "Weigh Lose\n"},
              {"qz find Laminate", "{Laminate 1}\n"},
              {"qz find {Special ply} {T > 0.5 and id = 2}", "{{Special ply} 2}\n"},
@@ -140,6 +142,9 @@ TEST_F(TclSession, ReadsWhatItHasSet) {
              {"next", "{{Special ply} 2}", "{Special ply} 2"},
              {"neighbours", "{{{Special ply} 2} {{Special ply} 1}}", "{{Special ply} 2} {{Special ply} 1}"},
              {"color", "4", "4"},
+             {"axis", "{0 0.5 1}", "0.0 0.5 1.0"},
+             {"selected", "{{Laminate 1} {{Special ply} 2} {Laminate 3}}",
+              "{Laminate 1} {Laminate 3} {{Special ply} 2}"},
          }) {
         qzString const of = " $p " + qzString(row.attribute);
         EXPECT_EQ(Run("qz set" + of + ' ' + row.word), "") << row.attribute << row.word;
@@ -160,6 +165,12 @@ TEST_F(TclSession, ReadsTuplesNestedListsAndBags) {
     Value const axis(qzTTriple<double>{0, 0.5, 1}), grid(ValuePtr::Create(std::move(rows), DS_DEFAULT));
     EXPECT_EQ(object->SetValue(Identifier("axis"), axis).status, 0);
     EXPECT_EQ(object->SetValue(Identifier("grid"), grid).status, 0);
+    Tabular table;
+    table.InsertColumn(qzStlVector<int>{1, 2}, 0);
+    table.InsertColumn(qzStlVector<qzString>{"a b", "c"}, 1);
+    EXPECT_EQ(object->SetValue(Identifier("loads"), Content::MakeValue(table)).status, 0);
+    EXPECT_EQ(Evaluate("qz get $p loads"), "{1 {a b}} {2 c}\n");
+    EXPECT_EQ(Evaluate("lindex [qz get $p loads 1] 1"), "c\n");
     EXPECT_EQ(Evaluate("qz get $p selected"), "{Laminate 1} {{Special ply} 2} {{Special ply} 1}\n");
     EXPECT_EQ(Evaluate("qz get $p axis"), "0.0 0.5 1.0\n");
     EXPECT_EQ(Evaluate("qz get $p grid"), "{1 2} {} 3\n");
@@ -172,6 +183,12 @@ TEST_F(TclSession, RefusesWithTheReason) {
              {"qz set $p angles {1 x}", "'x' does not fit into the list"},
              {"qz set $p neighbours {{{Special ply} 1} {Laminate 1}}", "a list has entities of one type"},
              {"qz set $p next 5", "'5' is no entity: a list of a type and an id is expected"},
+             {"qz set $p count [expr {5 / 2.0}]", "'2.5' is no whole number"},
+             {"qz set $p count {7 8}", "'7 8' is no whole number"},
+             {"qz set $p axis {1 2 3 4}", "'1 2 3 4' is no list of 3 numbers"},
+             {"qz set $p grid {7 8}", "values of this kind are set in C++ and Python"},
+             {"qz set $p loads 5", "tables are set in C++ and Python"},
+             {"qz name \"\\{[string repeat a 20000]\"", "'{" + qzString(9'998, 'a')},
              {"qz get {Laminate -1} plies",
               "'Laminate -1' is no entity: a list of a type and an id is expected"},
              {"qz get \"\\{\" T", "'{' is no list"},

@@ -257,7 +257,7 @@ TEST(FormulaText, OfAMegabyteIsRead) {
         "GRID: +name(\"" + Repeat(R"(\"\x00)", size) + "\")",
         "GRID:" + Repeat(" +ids(7) -range(1 2)@SET", size),
         // Were the name kept for each clause, this would take gigabytes.
-        qzString(size / 2, 'x') + ":" + Repeat(" +ids(7)", size / 2),
+        Repeat("x", size / 2) + ":" + Repeat(" +ids(7)", size / 2),
     };
     for (qzString const& text : texts) {
         Formula formula;

@@ -2,15 +2,20 @@
 
 #include "words.h"
 
+#include "descriptor/Content.h"
 #include "descriptor/Definition.h"
 #include "descriptor/EntityList.h"
 #include "descriptor/EntityListBag.h"
 #include "descriptor/Metaobject.h"
+#include "descriptor/Tabular.h"
 #include "descriptor/Tuples.h"
 #include "qzdistribution/Handles.h"
 
 #include <algorithm>
 #include <concepts>
+#include <iterator>
+#include <optional>
+#include <vector>
 
 namespace qzTcl {
 
@@ -25,13 +30,18 @@ Tcl_Obj* Give(qzString const& value) { return GiveText(value); }
 Tcl_Obj* Give(Entity const& value) { return GiveEntity(value); }
 template <class T>
 Tcl_Obj* Give(qzTCouple<T> const& value) {
-    Tcl_Obj* const parts[] = {Give(value.first), Give(value.second)};
-    return Tcl_NewListObj(2, parts);
+    NewList parts;
+    parts.Append(Give(value.first));
+    parts.Append(Give(value.second));
+    return parts.Give();
 }
 template <class T>
 Tcl_Obj* Give(qzTTriple<T> const& value) {
-    Tcl_Obj* const parts[] = {Give(value.first), Give(value.second), Give(value.third)};
-    return Tcl_NewListObj(3, parts);
+    NewList parts;
+    parts.Append(Give(value.first));
+    parts.Append(Give(value.second));
+    parts.Append(Give(value.third));
+    return parts.Give();
 }
 
 /// Null when the element is of none of these types, or is not there.
@@ -58,10 +68,28 @@ Tcl_Obj* FindElement(ValuePtr const& value, unsigned int i, unsigned int j) {
 }
 
 Tcl_Obj* GiveRow(ValuePtr const& value, unsigned int row) {
-    Tcl_Obj* const list = Tcl_NewListObj(0, nullptr);
+    NewList list;
     for (unsigned int j = 0; Tcl_Obj* const element = FindElement(value, row, j); ++j)
-        Tcl_ListObjAppendElement(nullptr, list, element);
-    return list;
+        list.Append(element);
+    return list.Give();
+}
+
+/// A row has a cell for each column, an empty one where the column is shorter.
+Tcl_Obj* GiveRow(Tabular const& table, unsigned int row) {
+    NewList list;
+    for (unsigned int column = 0; column < table.GetColumnCount(); ++column) {
+        Value cell;
+        bool const isThere = table.GetCellValue(row, column, cell) && cell.GetValuePtr() != nullptr;
+        list.Append(isThere ? GiveValue(*cell.GetValuePtr()) : Tcl_NewObj());
+    }
+    return list.Give();
+}
+
+Tcl_Obj* GiveTable(Tabular const& table) {
+    NewList list;
+    for (unsigned int row = 0; row < table.GetRowCount(); ++row)
+        list.Append(GiveRow(table, row));
+    return list.Give();
 }
 
 Tcl_Obj* GiveWhole(ValuePtr const& value) {
@@ -82,30 +110,91 @@ EntityList ToEntityList(Words const& words) {
     return list;
 }
 
+EntityListBag ToBag(Words const& words) {
+    std::vector<EntityList> lists;
+    for (Tcl_Obj* const word : words) {
+        Entity const entity = ToEntity(word);
+        auto list = std::ranges::find(lists, entity.GetEntityFullType(), &EntityList::GetEntityFullType);
+        if (list == lists.end())
+            list = lists.insert(list, EntityList(entity.GetEntityFullType(), {}, {}));
+        list->GetList().push_back(entity.GetId());
+    }
+    EntityListBag bag;
+    for (EntityList const& list : lists)
+        bag.SetList(list);
+    return bag;
+}
+
+bool IsWhole(BasicType type) {
+    constexpr BasicType whole[] = {BT_INT, BT_UINT, BT_SHORT, BT_USHORT, BT_LONG, BT_ULONG};
+    return std::ranges::find(whole, type) != std::end(whole);
+}
+
+/// The text that an element is read from. Tcl has many words for true and false; and where the library takes
+/// as much of a text as it needs, nothing of a word is left out here.
+qzString ToElementText(Definition const& definition, Tcl_Obj* word) {
+    BasicType const type = definition.GetValueBasicType();
+    CompoundType const compound = definition.GetValueCompoundType();
+    int truth = 0;
+    Tcl_WideInt number = 0;
+    if (compound == CT_COUPLE || compound == CT_TRIPLE) {
+        std::size_t const expected = compound == CT_COUPLE ? 2 : 3;
+        Words const members = ToList(word);
+        bool const areWhole = !IsWhole(type) || std::ranges::all_of(members, [&](Tcl_Obj* member) {
+            return Tcl_GetWideIntFromObj(nullptr, member, &number) == TCL_OK;
+        });
+        if (members.size() != expected || !areWhole)
+            throw Failure("'" + ToText(word) + "' is no list of " + std::to_string(expected) +
+                          (IsWhole(type) ? " whole numbers" : " numbers"));
+    } else if (compound == CT_SCALAR && IsWhole(type)) {
+        if (Tcl_GetWideIntFromObj(nullptr, word, &number) != TCL_OK)
+            throw Failure("'" + ToText(word) + "' is no whole number");
+        return std::to_string(number);
+    } else if (type == BT_BOOL && Tcl_GetBooleanFromObj(nullptr, word, &truth) == TCL_OK) {
+        return truth != 0 ? "true" : "false";
+    }
+    return ToText(word);
+}
+
+void SetElement(Value& list, Definition const& definition, Tcl_Obj* word, unsigned int i, unsigned int j) {
+    if (qzString const text = ToElementText(definition, word); !list.SetValueFromString(text, nullptr, i, j))
+        throw Failure("'" + text + "' does not fit into the list");
+}
+
 Value ToListValue(Definition const& definition, Words const& words) {
     if (definition.GetValueCompoundType() == CT_ENTITY)
         return Value(ValuePtr::Create(ToEntityList(words), DS_DEFAULT));
     auto const count = static_cast<unsigned int>(words.size());
     Value list(definition.GetValueBasicType(), definition.GetValueCompoundType(), std::max(count, 1U), 0,
                DS_DEFAULT, QZDT_DBHandle());
-    for (unsigned int i = 0; i < count; ++i) {
-        if (qzString const text = ToText(words[i]); !list.SetValueFromString(text, nullptr, i))
-            throw Failure("'" + text + "' does not fit into the list");
-    }
+    for (unsigned int i = 0; i < count; ++i)
+        SetElement(list, definition, words[i], i, 0);
     return list;
 }
 
-/// Tcl has many words for true and false.
-qzString ToTextFor(Definition const& definition, Tcl_Obj* word) {
-    int truth = 0;
-    bool const isTruth =
-        definition.GetValueBasicType() == BT_BOOL && Tcl_GetBooleanFromObj(nullptr, word, &truth) == TCL_OK;
-    return isTruth ? qzString(truth != 0 ? "true" : "false") : ToText(word);
+/// The value that a word stands for; null where it is text to be read.
+std::optional<Value> ToValue(Definition const& definition, Tcl_Obj* word) {
+    bool const isEntity = definition.GetValueCompoundType() == CT_ENTITY;
+    switch (definition.GetArrayDimension()) {
+    case 0:
+        return isEntity ? std::optional<Value>(ToEntity(word)) : std::nullopt;
+    case 1:
+        return ToListValue(definition, ToList(word));
+    case 3:
+        if (isEntity)
+            return Content::MakeValue(ToBag(ToList(word)));
+        break;
+    default:
+        break;
+    }
+    throw Failure("values of this kind are set in C++ and Python");
 }
 
 } // namespace
 
 Tcl_Obj* GiveValue(ValuePtr const& value) {
+    if (Tabular table; value.GetCompoundType() == CT_TABULAR && value.GetValue(table))
+        return GiveTable(table);
     if (EntityListBag bag; value.IsBagType() && value.GetValue(bag))
         return GiveEntities(bag);
     unsigned int const dimension = value.GetArrayDimension();
@@ -115,13 +204,16 @@ Tcl_Obj* GiveValue(ValuePtr const& value) {
         Tcl_Obj* const element = FindElement(value, 0, 0);
         return element != nullptr ? element : GiveWhole(value);
     }
-    Tcl_Obj* const list = Tcl_NewListObj(0, nullptr);
+    NewList list;
     for (unsigned int i = 0; i < value.GetArrayDimensionExtent(0); ++i)
-        Tcl_ListObjAppendElement(nullptr, list, GiveElement(value, i));
-    return list;
+        list.Append(GiveElement(value, i));
+    return list.Give();
 }
 
 Tcl_Obj* GiveElement(ValuePtr const& value, unsigned int place) {
+    if (Tabular table;
+        value.GetCompoundType() == CT_TABULAR && value.GetValue(table) && place < table.GetRowCount())
+        return GiveRow(table, place);
     bool const isThere = place < value.GetArrayDimensionExtent(0);
     Tcl_Obj* const element = !isThere                         ? nullptr
                              : value.GetArrayDimension() == 2 ? GiveRow(value, place)
@@ -133,12 +225,12 @@ Tcl_Obj* GiveElement(ValuePtr const& value, unsigned int place) {
 
 void SetAttribute(Metaobject const& object, Identifier const& attribute, Tcl_Obj* word) {
     Definition const& definition = *object.GetDefinition(attribute);
-    if (definition.GetArrayDimension() == 1)
-        Check(object.SetValue(attribute, ToListValue(definition, ToList(word))));
-    else if (definition.GetValueCompoundType() == CT_ENTITY && definition.GetArrayDimension() == 0)
-        Check(object.SetValue(attribute, Value(ToEntity(word))));
+    if (std::optional<Value> const value = ToValue(definition, word))
+        Check(object.SetValue(attribute, *value));
+    else if (definition.GetValueCompoundType() == CT_TABULAR)
+        throw Failure("tables are set in C++ and Python");
     else
-        Check(object.SetValueFromString(attribute, ToTextFor(definition, word), qzString()));
+        Check(object.SetValueFromString(attribute, ToElementText(definition, word), qzString()));
 }
 
 } // namespace qzTcl

@@ -11,6 +11,7 @@
 #include "descriptor/QueryCheck.h"
 #include "descriptor/ScriptSession.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace qzTcl {
@@ -62,6 +63,18 @@ Identifier Call::GetAttribute(Metaobject const& object, std::size_t place) const
         object.GetDefinition(Identifier(number)) != nullptr)
         return Identifier(number);
     throw Failure(object.GetEntityFullType().GetTypeNamed() + " has no attribute " + GetText(place));
+}
+
+Identifier Call::GetAction(Metaobject const& object, std::size_t place) const {
+    qzStlVector<Identifier> actions;
+    object.GetActionIdentifiers(actions);
+    auto const isThere = [&](Identifier const& action) {
+        return std::ranges::find(actions, action) != actions.end();
+    };
+    Identifier const named(GetText(place));
+    int number = 0;
+    bool const isNumber = Tcl_GetIntFromObj(nullptr, m_words[place], &number) == TCL_OK;
+    return isNumber && !isThere(named) && isThere(Identifier(number)) ? Identifier(number) : named;
 }
 
 namespace {
@@ -124,9 +137,9 @@ EntityList Collect(Call const& call) {
 
 Tcl_Obj* Find(Call const& call) {
     EntityList const found = Collect(call);
-    Tcl_Obj* const list = Tcl_NewListObj(0, nullptr);
+    NewList list;
     AppendEntities(list, found);
-    return list;
+    return list.Give();
 }
 
 Tcl_Obj* Count(Call const& call) { return Tcl_NewWideIntObj(Collect(call).GetIdListCount()); }
@@ -146,8 +159,10 @@ Tcl_Obj* Owner(Call const& call) {
     Identifier attribute;
     if (!call.GetObject(0).GetOwner(owner, attribute))
         return Tcl_NewObj();
-    Tcl_Obj* const parts[] = {GiveEntity(owner), GiveIdentifier(attribute)};
-    return Tcl_NewListObj(2, parts);
+    NewList parts;
+    parts.Append(GiveEntity(owner));
+    parts.Append(GiveIdentifier(attribute));
+    return parts.Give();
 }
 
 Tcl_Obj* Owned(Call const& call) {
@@ -160,7 +175,7 @@ Tcl_Obj* Owned(Call const& call) {
 Tcl_Obj* Create(Call const& call) {
     Entity created;
     Entity const owner = call.Has(1) ? ToEntity(call.GetWord(1)) : Entity();
-    Identifier const attribute = call.Has(2) ? Identifier(call.GetText(2)) : Identifier();
+    Identifier const attribute = call.Has(2) ? call.GetAttribute(call.GetObject(1), 2) : Identifier();
     Check(call.GetSession().Create(call.GetType(0), created, owner, attribute));
     return GiveEntity(created);
 }
@@ -193,7 +208,7 @@ Tcl_Obj* Set(Call const& call) {
 
 Tcl_Obj* Run(Call const& call) {
     Metaobject const& object = call.GetObject(0);
-    qzReturnStatus const status = object.InvokeAction(Identifier(call.GetText(1)));
+    qzReturnStatus const status = object.InvokeAction(call.GetAction(object, 1));
     Check(status);
     return GiveText(status.message);
 }

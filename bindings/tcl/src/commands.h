@@ -25,6 +25,8 @@ public:
     Metaobject const& GetObject(std::size_t place) const;
     /// An attribute of the object by its name, or by its number where none has that name.
     Identifier GetAttribute(Metaobject const& object, std::size_t place) const;
+    /// Likewise; one that the object does not have is given by its name.
+    Identifier GetAction(Metaobject const& object, std::size_t place) const;
 
 private:
     Words m_words;

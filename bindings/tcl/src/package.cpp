@@ -3,13 +3,20 @@
 #include "commands.h"
 
 #include <exception>
+#include <string_view>
 
 namespace qzTcl {
 
 namespace {
 
-int Fail(Tcl_Interp* interp, char const* message) noexcept {
-    Tcl_SetObjResult(interp, GiveText(message));
+/// A message quotes what was given, which may be of any length.
+int Fail(Tcl_Interp* interp, std::string_view message) noexcept {
+    constexpr std::size_t longest = 10'000;
+    try {
+        Tcl_SetObjResult(interp, GiveText(qzString(message.substr(0, longest))));
+    } catch (...) {
+        Tcl_SetObjResult(interp, Tcl_NewStringObj("there is no memory for the reason", -1));
+    }
     return TCL_ERROR;
 }
 

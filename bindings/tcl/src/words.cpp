@@ -64,22 +64,23 @@ Entity ToEntity(Tcl_Obj* word) {
 }
 
 Tcl_Obj* GiveEntity(Entity const& entity) {
-    Tcl_Obj* const parts[] = {GiveText(entity.GetEntityFullType().GetTypeNamed()),
-                              Tcl_NewWideIntObj(entity.GetId())};
-    return Tcl_NewListObj(2, parts);
+    NewList parts;
+    parts.Append(GiveText(entity.GetEntityFullType().GetTypeNamed()));
+    parts.Append(Tcl_NewWideIntObj(entity.GetId()));
+    return parts.Give();
 }
 
-void AppendEntities(Tcl_Obj* list, EntityList const& entities) {
+void AppendEntities(NewList& list, EntityList const& entities) {
     Entity entity;
     for (unsigned int i = 0; entities.GetEntity(entity, i); ++i)
-        Tcl_ListObjAppendElement(nullptr, list, GiveEntity(entity));
+        list.Append(GiveEntity(entity));
 }
 
 Tcl_Obj* GiveEntities(EntityListBag const& bag) {
-    Tcl_Obj* const list = Tcl_NewListObj(0, nullptr);
+    NewList list;
     for (EntityList const& entities : bag)
         AppendEntities(list, entities);
-    return list;
+    return list.Give();
 }
 
 Tcl_Obj* GiveIdentifier(Identifier const& identifier) {

@@ -157,8 +157,10 @@ qzReturnStatus DeckSession::CreateWithId(EntityFullType const& type, unsigned in
     if (id == 0)
         return {-1, "An entity cannot have the id 0."};
     m_wantedId = id;
+    std::weak_ptr<bool const> const alive = m_alive; // listeners may end the session
     qzReturnStatus status = Create(type, created, owner, ownerAttribute);
-    m_wantedId = 0;
+    if (!alive.expired())
+        m_wantedId = 0;
     return status;
 }
 

@@ -61,7 +61,7 @@ public:
     /// To be called once it is read, with Python held.
     void TakeHandle() { m_handle = ToPython(*m_session); }
 
-    /// A new handle, which may keep this deck; one that says so when the session has ended.
+    /// A new handle, which is to keep this deck; once the session has ended the one that says so.
     py::object GetHandle() const { return IsOpen() ? ToPython(*m_session) : m_handle; }
     bool IsOpen() const { return m_handle.attr("is_alive").cast<bool>(); }
     /// Raises `Ended` when it has ended.
@@ -77,6 +77,14 @@ private:
     DeckSession* m_session = nullptr;
     py::object m_handle; // keeps nothing alive, and knows whether the session is
 };
+
+py::object GetSession(py::object const& self) {
+    auto const& deck = self.cast<Deck const&>();
+    py::object const handle = deck.GetHandle();
+    if (deck.IsOpen()) // the deck keeps the other handle, which must not keep the deck
+        py::detail::keep_alive_impl(handle, self);
+    return handle;
+}
 
 std::unique_ptr<Deck> Load(Path const& path, bool isStrict) {
     auto deck = std::make_unique<Deck>(path);
@@ -108,8 +116,7 @@ PYBIND11_MODULE(qzdeck, module) {
         "A deck that was read. It has every operation of qzdescriptor.Session. Its session lives "
         "as long as the deck, or its `session`, is kept, and until the deck is closed; objects "
         "keep nothing alive.")
-        .def_property_readonly("session", py::cpp_function(&Deck::GetHandle, py::keep_alive<0, 1>()),
-                               "Its session.")
+        .def_property_readonly("session", &GetSession, "Its session.")
         .def_property_readonly(
             "reports", [](Deck const& self) { return ListReports(self.Get().GetModel()); },
             "What is wrong in the files, as 'file:line: reason: text'. All of it was kept and read over.")

@@ -51,9 +51,10 @@ struct ToTcl {
 
 /// The packages of this project are beside the libraries, where they were built or installed.
 void AddPackageFolder(Tcl_Interp* interp) {
-    std::filesystem::path const folder = SharedLibrary::GetFolderOf(&TclInterp::Open) / "tcl";
+    std::filesystem::path const libraries = SharedLibrary::GetFolderOf(&TclInterp::Open);
+    std::filesystem::path const folder = libraries / "tcl";
     std::error_code ignored;
-    if (std::filesystem::exists(folder, ignored))
+    if (!libraries.empty() && std::filesystem::exists(folder, ignored))
         Tcl_SetVar2Ex(interp, "auto_path", nullptr, MakeText(folder.generic_string()),
                       TCL_GLOBAL_ONLY | TCL_APPEND_VALUE | TCL_LIST_ELEMENT);
 }

@@ -46,8 +46,8 @@ public:
                           Identifier const& ownerAttribute) const override;
     bool GetOwner(Entity const& entity, Entity& owner, Identifier& ownerAttribute) const override;
 
-    /// As that of the base, and faster: values are read as they lie, without GetMetaobject. Who derives and
-    /// overrides that one overrides this one too.
+    /// As that of the base, and faster: values are read as they lie. Derived sessions, which may list and
+    /// find objects in their own way, have that of the base.
     unsigned long long Collect(EntityList& out, EntityFullType const& type,
                                std::string const& query) const override;
     /// Puts what a query finds of a type and of all types that descend from it into the bag, a list for each;
