@@ -122,7 +122,7 @@ def test_everything_is_freed_once(tables):
     assert [watch() is None for watch in watched] == [True, True, False]
 
 
-def test_hooks_may_end_their_session(tables):
+def test_hooks_cannot_end_their_session_while_it_is_asked(tables, reports):
     class Fleeting(Rows):
         def end(self, *_):
             tables.remove_session(self)
@@ -130,15 +130,14 @@ def test_hooks_may_end_their_session(tables):
         delete_entity = get_object = create_entity = list_entities = end
 
     session = Fleeting("read", tables)
-    assert len(session.entities("Row", "T > 1")) == 0 and session.is_alive  # not while it is walked over
-    for use in [lambda session: session.get(qz.Entity("Row", 1)), lambda session: session.create("Row"),
-                lambda session: session.delete(qz.Entity("Row", 1))]:
-        session = Fleeting("fleeting", tables)
-        try:
-            use(session)
-        except (qz.Refused, qz.Ended):
-            pass
-        assert not session.is_alive
+    assert len(session.entities("Row", "T > 1")) == 0 and "afterwards" in reports.take()
+    assert session.get(qz.Entity("Row", 1)) is None and "afterwards" in reports.take()
+    for use in [lambda: session.create("Row"), lambda: session.delete(qz.Entity("Row", 1))]:
+        with pytest.raises(qz.Refused, match="end it afterwards"):
+            use()
+    assert session.is_alive
+    session.end()
+    assert not session.is_alive
 
 
 class Told(qz.CustomObject):

@@ -1,3 +1,4 @@
+#include "derived_session.h"
 #include "elements.h"
 
 #include "descriptor/MetaobjectCollection.h"
@@ -21,6 +22,7 @@ public:
     /// 1 for an entity that is not there.
     int remove(Entity const& entity) override;
 
+    SessionHandle const& GetSession() const { return m_session; }
     std::size_t GetCount() const { return m_entities.size(); }
     Metaobject* Find(std::size_t index) const {
         ISession const* const session = m_session.Find();
@@ -43,12 +45,15 @@ public:
     void next() override { m_index += m_index < m_objects->GetCount() ? 1 : 0; }
     bool equals(ICollectionIterator const& other) const override {
         auto const* const place = dynamic_cast<ListedPlace const*>(&other);
-        return place != nullptr && place->m_objects == m_objects && place->m_index == m_index;
+        return place != nullptr && place->m_objects == m_objects && place->P_Index() == P_Index();
     }
     ICollectionIterator* clone() const override { return new ListedPlace(*this); }
     Metaobject* get() override { return m_objects->Find(m_index); }
 
 private:
+    /// Not beyond the end, which comes nearer when objects are removed meanwhile.
+    std::size_t P_Index() const { return std::min(m_index, m_objects->GetCount()); }
+
     ListedObjects const* m_objects;
     std::size_t m_index;
 };
@@ -57,8 +62,10 @@ MetaobjectCollectionIterator* ListedObjects::begin() { return new ListedPlace(*t
 MetaobjectCollectionIterator* ListedObjects::end() { return new ListedPlace(*this, m_entities.size()); }
 
 int ListedObjects::add(Entity const& entity) {
-    ISession const* const session = m_session.Find();
-    if (session == nullptr || session->Get(entity) == nullptr || !m_known.insert(entity).second)
+    if (m_session.Find() == nullptr)
+        return 1;
+    SessionInUse const session(m_session);
+    if (session->Get(entity) == nullptr || !m_known.insert(entity).second)
         return 1;
     m_entities.push_back(entity);
     return 0;
@@ -71,34 +78,42 @@ int ListedObjects::remove(Entity const& entity) {
     return 0;
 }
 
-/// The objects that there are in a collection, in its order.
-std::vector<Metaobject const*> Walk(ICollection& collection) {
+/// Visits the objects that there are in a collection, in its order, each before the next one is asked for:
+/// where scripts are asked, that may end the others.
+template <class Visit>
+void Walk(ICollection& collection, Visit&& visit) {
+    std::optional<SessionInUse> session;
+    if (auto const* const listed = dynamic_cast<ListedObjects const*>(&collection);
+        listed != nullptr && listed->GetSession().Find() != nullptr)
+        session.emplace(listed->GetSession());
     MetaobjectCollection const handle(&collection);
     std::unique_ptr<MetaobjectCollectionIterator> const place(handle.begin()), end(handle.end());
-    std::vector<Metaobject const*> objects;
     for (; place && end && !place->equals(*end); place->next()) {
         if (Metaobject const* const object = place->get())
-            objects.push_back(object);
+            visit(*object);
     }
-    return objects;
 }
 
-py::object Give(Metaobject const* object) {
-    ISession* const session = object->GetSession();
-    return session != nullptr ? GiveObject(object, SessionHandle(*session)) : py::object(py::none());
+std::vector<Entity> ToEntities(ICollection& self) {
+    std::vector<Entity> entities;
+    Walk(self, [&](Metaobject const& object) { entities.push_back(object.GetEntity()); });
+    return entities;
+}
+
+py::object Give(Metaobject const& object) {
+    ISession* const session = object.GetSession();
+    return session != nullptr ? GiveObject(&object, SessionHandle(*session)) : py::object(py::none());
 }
 
 py::list GiveAll(ICollection& self) {
     py::list objects;
-    for (Metaobject const* const object : Walk(self))
-        objects.append(Give(object));
+    Walk(self, [&](Metaobject const& object) { objects.append(Give(object)); });
     return objects;
 }
 
 EntityListBag ToLists(ICollection& self) {
     EntityListBag bag;
-    for (Metaobject const* const object : Walk(self)) {
-        Entity const entity = object->GetEntity();
+    for (Entity const& entity : ToEntities(self)) {
         EntityFullType const& type = entity.GetEntityFullType();
         if (bag.GetIdListCount(type) == 0)
             bag.SetList(EntityList(type, {}, {}));
@@ -125,23 +140,21 @@ void BindCollections(py::module_& module) {
         .def(py::init(&MakeCollection), py::arg("session"), py::arg("objects") = py::tuple(),
              "A collection of objects, or entities, of one session.")
         .def("__iter__", [](ICollection& self) { return py::iter(GiveAll(self)); })
-        .def("__len__", [](ICollection& self) { return Walk(self).size(); })
+        .def("__len__", [](ICollection& self) { return ToEntities(self).size(); })
         .def(
             "__getitem__",
             [](ICollection& self, long long index) {
-                auto const objects = Walk(self);
+                py::list const objects = GiveAll(self);
                 auto const count = static_cast<long long>(objects.size());
                 if (index < -count || index >= count)
                     throw py::index_error("there is no such object");
-                return Give(objects[static_cast<std::size_t>(index < 0 ? index + count : index)]);
+                return py::object(objects[static_cast<std::size_t>(index < 0 ? index + count : index)]);
             },
             py::arg("index"))
         .def(
             "__contains__",
             [](ICollection& self, py::object const& object) {
-                Entity const entity = ToEntity(object);
-                return std::ranges::any_of(
-                    Walk(self), [&](Metaobject const* held) { return held->GetEntity() == entity; });
+                return std::ranges::count(ToEntities(self), ToEntity(object)) > 0;
             },
             py::arg("object"))
         .def(
@@ -158,13 +171,7 @@ void BindCollections(py::module_& module) {
                       "the object is not in the collection");
             },
             py::arg("object"))
-        .def_property_readonly("entities",
-                               [](ICollection& self) {
-                                   std::vector<Entity> entities;
-                                   for (Metaobject const* const object : Walk(self))
-                                       entities.push_back(object->GetEntity());
-                                   return entities;
-                               })
+        .def_property_readonly("entities", &ToEntities)
         .def_property_readonly("lists", &ToLists, "The entities by type, as an EntityListBag.")
         .def(
             "ids",
@@ -173,7 +180,7 @@ void BindCollections(py::module_& module) {
             },
             py::arg("type"), "The ids of the objects of a type, as a NumPy array.")
         .def("__repr__", [](ICollection& self) {
-            return py::str("<MetaobjectCollection of {}>").format(Walk(self).size());
+            return py::str("<MetaobjectCollection of {}>").format(ToEntities(self).size());
         });
 }
 

@@ -61,17 +61,25 @@ private:
     py::handle m_self;
 };
 
-/// `CustomObject` in Python.
+/// `CustomObject` in Python. Copies as an `Object` know when it has ended.
 class CustomObjectHandle : public ObjectHandle {
 public:
     explicit CustomObjectHandle(std::unique_ptr<DerivedObject> object)
-        : ObjectHandle(std::make_shared<Metaobject const*>(object.get()), object->GetSessionHandle(),
-                       object->GetEntity()),
-          m_object(std::move(object)) {}
+        : CustomObjectHandle(std::make_shared<Metaobject const*>(object.get()), std::move(object)) {}
+    ~CustomObjectHandle() { *m_place = nullptr; }
+    CustomObjectHandle(CustomObjectHandle const&) = delete;
+    CustomObjectHandle& operator=(CustomObjectHandle const&) = delete;
 
     DerivedObject& GetOwn() const { return *m_object; }
 
 private:
+    CustomObjectHandle(std::shared_ptr<Metaobject const*> const& place,
+                       std::unique_ptr<DerivedObject>&& object)
+        : ObjectHandle(place, object->GetSessionHandle(), object->GetEntity()),
+          m_place(place),
+          m_object(std::move(object)) {}
+
+    std::shared_ptr<Metaobject const*> m_place;
     std::unique_ptr<DerivedObject> m_object;
 };
 

@@ -1,6 +1,7 @@
 #include "derived_session.h"
 
 #include "derived_object.h"
+#include "derived_registry.h"
 #include "overrides.h"
 
 namespace qzPython {
@@ -30,6 +31,40 @@ EntityList ToList(py::object const& given, EntityFullType const& type) {
 }
 
 } // namespace
+
+// --- those who read --------------------------------------------------------------------------------------
+
+namespace {
+
+/// Nothing for a registry that is none of Python's, or that is just ending.
+std::optional<Kept> Hold(MetaclassMgr const* registry) {
+    auto const* const own = dynamic_cast<PythonRegistry const*>(registry);
+    if (own == nullptr || !IsPythonAlive())
+        return std::nullopt;
+    py::gil_scoped_acquire const held;
+    py::handle const found = py::detail::get_object_handle(
+        &own->GetHandle(), py::detail::get_type_info(typeid(RegistryHandle), true));
+    if (!found || Py_REFCNT(found.ptr()) == 0)
+        return std::nullopt;
+    return Kept(py::reinterpret_borrow<py::object>(found));
+}
+
+} // namespace
+
+SessionReading::SessionReading(ISession const& session) {
+    auto const* const derived = dynamic_cast<DerivedSession const*>(&session);
+    m_readers = derived != nullptr ? derived->m_readers : std::make_shared<SessionReaders>();
+    if (m_readers->count++ == 0)
+        m_readers->registry = Hold(session.GetMetaclassMgr());
+}
+
+SessionReading::~SessionReading() {
+    if (--m_readers->count > 0)
+        return;
+    // Taken out before they end, which may run scripts that read again.
+    std::optional<Kept> const registry = std::exchange(m_readers->registry, std::nullopt);
+    std::vector<Kept> const displaced = std::exchange(m_readers->displaced, {});
+}
 
 // --- what C++ asks -----------------------------------------------------------------------------------------
 
@@ -72,7 +107,7 @@ qzReturnStatus DerivedSession::Delete(Entity const& entity) {
         std::shared_ptr<SessionToken> const token = m_token;
         GetSelf().attr("delete_entity")(entity);
         if (token->Find() != nullptr) // it may have ended the session
-            m_handedOut.erase(entity);
+            P_HandOut(entity, std::nullopt);
     });
 }
 
@@ -123,14 +158,23 @@ Metaobject const* DerivedSession::GetMetaobject(Entity const& entity) const {
         py::object const given = GetSelf().attr("get_object")(entity);
         if (token->Find() == nullptr)
             return; // the session ended meanwhile
-        if (given.is_none()) {
-            m_handedOut.erase(entity);
-            return;
-        }
-        object = given.cast<CustomObjectHandle const&>().Find();
-        m_handedOut.insert_or_assign(entity, Kept(given));
+        if (!given.is_none())
+            object = given.cast<CustomObjectHandle const&>().Find();
+        P_HandOut(entity, object != nullptr ? std::optional(Kept(given)) : std::nullopt);
     });
     return object;
+}
+
+void DerivedSession::P_HandOut(Entity const& entity, std::optional<Kept> object) const {
+    auto const held = m_handedOut.find(entity);
+    if (held != m_handedOut.end() && object && held->second.Get().is(object->Get()))
+        return;
+    // Ends last of all where nobody reads it: its end may come back here, or end the session.
+    auto displaced = m_handedOut.extract(entity);
+    if (object)
+        m_handedOut.emplace(entity, std::move(*object));
+    if (!displaced.empty() && m_readers->count > 0)
+        m_readers->displaced.push_back(std::move(displaced.mapped()));
 }
 
 qzReturnStatus DerivedSession::P_CreateEntity(EntityFullType const& type, Entity& created,
@@ -194,8 +238,9 @@ void BindSessionHooks(py::class_<CustomSessionHandle, SessionHandle>& session) {
             [](CustomSessionHandle const& self, EntityFullType const& type, py::object const& owner,
                std::optional<Identifier> const& attribute) {
                 Entity created;
-                Check(self.Get().ISession::Create(type, created, owner.is_none() ? Entity() : ToEntity(owner),
-                                                  attribute.value_or(Identifier())));
+                Check(SessionInUse(self)->ISession::Create(type, created,
+                                                           owner.is_none() ? Entity() : ToEntity(owner),
+                                                           attribute.value_or(Identifier())));
                 return created;
             },
             py::arg("type"), py::arg("owner") = py::none(), py::arg("owner_attribute") = py::none(),
@@ -204,9 +249,9 @@ void BindSessionHooks(py::class_<CustomSessionHandle, SessionHandle>& session) {
         .def(
             "find_entities",
             [](CustomSessionHandle const& self, EntityFullType const& type, qzString const& query) {
-                SessionReading const reading(self.Get());
+                SessionInUse const held(self);
                 EntityList found;
-                self.Get().ISession::Collect(found, type, query);
+                held->ISession::Collect(found, type, query);
                 return found;
             },
             py::arg("type"), py::arg("query"),

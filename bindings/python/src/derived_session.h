@@ -3,12 +3,21 @@
 #include "handles.h"
 
 #include <memory>
+#include <optional>
 #include <unordered_map>
+#include <vector>
 
 /// Sessions that are written in Python: C++ calls what a Python class overrides. What fails there is
 /// reported, and answered as a failure.
 
 namespace qzPython {
+
+/// What those who read a session have in common.
+struct SessionReaders {
+    unsigned int count = 0;
+    std::optional<Kept> registry; // one of Python's, which would take the session with it
+    std::vector<Kept> displaced;  // objects that the session no longer has, and somebody may still read
+};
 
 /// `CustomSession` in Python, which C++ keeps for as long as there is the session behind it.
 class CustomSessionHandle : public SessionHandle {
@@ -24,7 +33,7 @@ public:
 
     py::object GetSelf() const { return m_self.Get(); }
     /// Whether somebody walks over what is in the session, who would not survive its end.
-    bool IsRead() const { return *m_readers > 0; }
+    bool IsRead() const { return m_readers->count > 0; }
 
     qzReturnStatus Create(EntityFullType const& type, Entity& created, Entity const& owner,
                           Identifier const& ownerAttribute) const override;
@@ -46,30 +55,40 @@ private:
     friend class SessionReading;
 
     Kept m_self;
-    std::shared_ptr<unsigned int> m_readers = std::make_shared<unsigned int>(0);
+    /// Makes that object, if any, the one of the entity. The one before ends, when nobody reads it.
+    void P_HandOut(Entity const& entity, std::optional<Kept> object) const;
+
+    std::shared_ptr<SessionReaders> m_readers = std::make_shared<SessionReaders>();
     std::shared_ptr<SessionToken> m_token; // for hooks that end the session
     // What was handed out lives on until the entity is deleted or has another object.
     mutable std::unordered_map<Entity, Kept, EntityHash> m_handedOut;
 };
 
-/// While one lives, scripts do not end the session, should it be one that asks them what is in it.
+/// While one lives, scripts end neither the session, should it be one that asks them what is in it, nor its
+/// registry, should that be one of Python, nor what the session has handed out.
 class SessionReading {
 public:
-    explicit SessionReading(ISession const& session) {
-        if (auto const* const derived = dynamic_cast<DerivedSession const*>(&session)) {
-            m_readers = derived->m_readers;
-            ++*m_readers;
-        }
-    }
-    ~SessionReading() {
-        if (m_readers)
-            --*m_readers;
-    }
+    explicit SessionReading(ISession const& session);
+    ~SessionReading();
     SessionReading(SessionReading const&) = delete;
     SessionReading& operator=(SessionReading const&) = delete;
 
 private:
-    std::shared_ptr<unsigned int> m_readers;
+    std::shared_ptr<SessionReaders> m_readers;
+};
+
+/// A session for the length of one question.
+class SessionInUse {
+public:
+    /// Throws Ended.
+    explicit SessionInUse(SessionHandle const& session) : m_session(session.Get()), m_reading(m_session) {}
+
+    ISession& operator*() const { return m_session; }
+    ISession* operator->() const { return &m_session; }
+
+private:
+    ISession& m_session;
+    SessionReading m_reading;
 };
 
 } // namespace qzPython

@@ -118,6 +118,10 @@ Metaobject const& ObjectHandle::Get() const {
 }
 
 LentObject::LentObject(Metaobject const* object) {
+    if (auto const* const derived = dynamic_cast<DerivedObject const*>(object)) {
+        m_given = derived->GetSelf();
+        return;
+    }
     ISession* const session = object != nullptr ? object->GetSession() : nullptr;
     if (session != nullptr && session->Get(object->GetEntity()) == object) {
         m_given = GiveObject(object, SessionHandle(*session));

@@ -1,5 +1,7 @@
 #include "member_object.h"
 
+#include "derived_session.h"
+
 namespace qzPython {
 
 namespace {
@@ -60,7 +62,8 @@ unsigned int MemberObject::P_FindIndex(Identifier const& attribute) const {
 }
 
 Definition const* MemberObject::GetDefinition(Identifier const& attribute) const {
-    return m_content->GetDefinition(P_FindIndex(attribute));
+    unsigned int const index = P_FindIndex(attribute);
+    return index != Members::s_none ? m_content->GetDefinition(index) : nullptr;
 }
 
 bool MemberObject::GetAllowables(Identifier const& attribute, Allowables& allowables) const {
@@ -76,19 +79,33 @@ bool MemberObject::P_SetAllowables(Identifier const& attribute, Allowables const
 }
 
 bool MemberObject::GetValue(Identifier const& attribute, ValuePtr const*& value) const {
-    unsigned int const index = P_FindIndex(attribute);
-    return index != Members::s_none && P_Read(index) && m_content->GetValue(index, value);
+    return P_GetValue(P_FindIndex(attribute), value);
 }
 
 bool MemberObject::GetValue(unsigned int attributeHandle, ValuePtr const*& value) const {
-    if (!P_IsAlive() || attributeHandle == 0 || attributeHandle > m_members->GetVariableCount())
+    return attributeHandle > 0 && P_GetValue(attributeHandle - 1, value);
+}
+
+bool MemberObject::P_GetValue(unsigned int index, ValuePtr const*& value) const {
+    SessionHandle const session = m_session; // what is read may end this object, too
+    if (session.Find() == nullptr)
         return false;
-    return P_Read(attributeHandle - 1) && m_content->GetValue(attributeHandle - 1, value);
+    ValuePtr const* read = nullptr;
+    bool isRead = false;
+    {
+        SessionReading const reading(*session.Find());
+        isRead = index < m_members->GetVariableCount() && P_Read(index) && m_content->GetValue(index, read);
+    }
+    isRead = isRead && session.Find() != nullptr;
+    if (isRead)
+        value = read;
+    return isRead;
 }
 
 Content const& MemberObject::Refresh(unsigned int index) const {
     ValuePtr const* value = nullptr;
-    static_cast<void>(index < Members::s_none && GetValue(index + 1, value));
+    static_cast<void>(P_GetValue(index, value));
+    m_session.Get(); // with it the content's members may have gone
     return *m_content;
 }
 
@@ -96,6 +113,7 @@ qzReturnStatus MemberObject::SetValue(Identifier const& attribute, Value const& 
     unsigned int const index = P_FindIndex(attribute);
     if (index == Members::s_none)
         return {-1, "The object has no such attribute"};
+    SessionReading const reading(*m_session.Find());
     GetDefinition(attribute); // makes what holds now hold for the content, too
     qzReturnStatus const tested = m_content->TestValue(index, value);
     return tested.status == 0 ? P_Write(index, value) : tested;

@@ -38,11 +38,11 @@ public:
 
     /// The definition of the metaclass; null when there is no such attribute.
     Definition const* GetSharedDefinition(Identifier const& attribute) const {
-        return m_members->GetVariableDefinition(P_FindIndex(attribute));
+        return P_IsAlive() ? m_members->GetVariableDefinition(P_FindIndex(attribute)) : nullptr;
     }
     /// What the object keeps of its attributes: the values that were read last.
     Content const& GetKept() const { return *m_content; }
-    /// The same with the value of one attribute in it that was read just now.
+    /// The same with the value of one attribute in it that was read just now. Throws Ended.
     Content const& Refresh(unsigned int index) const;
 
 protected:
@@ -59,6 +59,8 @@ protected:
     bool P_IsAlive() const { return m_session.Find() != nullptr; }
     /// Members::s_none when there is no such attribute.
     unsigned int P_FindIndex(Identifier const& attribute) const;
+    /// Reads a value, and gives it unless all that it belongs to ended meanwhile.
+    bool P_GetValue(unsigned int index, ValuePtr const*& value) const;
     Identifier const& P_Identify(unsigned int index) const { return m_members->GetVariableIdentifier(index); }
     Content& P_GetContent() const { return *m_content; }
 

@@ -21,30 +21,34 @@ void BindEntities(Class& session) {
                py::object const& owner, std::optional<Identifier> const& attribute) {
                 Entity created;
                 Identifier const under = attribute.value_or(Identifier());
+                SessionInUse const held(self);
                 Check(id ? self.GetStore().CreateWithId(type, *id, created, ToOwner(owner), under)
-                         : self.Get().Create(type, created, ToOwner(owner), under));
-                return GiveObject(self.Get().Get(created), self);
+                         : held->Create(type, created, ToOwner(owner), under));
+                return GiveObject(held->Get(created), self);
             },
             py::arg("type"), py::arg("id") = py::none(), py::arg("owner") = py::none(),
             py::arg("attribute") = py::none(),
             "Creates an object, of the next free id unless one is given, and under an owner if one is.")
         .def(
             "delete",
-            [](SessionHandle& self, py::object const& entity) { Check(self.Get().Delete(ToEntity(entity))); },
+            [](SessionHandle& self, py::object const& entity) {
+                Check(SessionInUse(self)->Delete(ToEntity(entity)));
+            },
             py::arg("entity"), "Ends an object and all that it owns.")
         .def(
             "get",
             [](SessionHandle const& self, py::object const& entity) {
-                return GiveObject(self.Get().Get(ToEntity(entity)), self);
+                return GiveObject(SessionInUse(self)->Get(ToEntity(entity)), self);
             },
             py::arg("entity"), "The object of an entity; None when there is none.")
         .def(
             "find",
             [](SessionHandle const& self, EntityFullType const& type, std::string const& name) -> py::object {
+                SessionInUse const held(self);
                 Entity entity;
-                if (!self.Get().Find(type, name, entity))
+                if (!held->Find(type, name, entity))
                     return py::none();
-                return GiveObject(self.Get().Get(entity), self);
+                return GiveObject(held->Get(entity), self);
             },
             py::arg("type"), py::arg("name"), "The first object of that name; None when there is none.")
         .def(
@@ -52,7 +56,7 @@ void BindEntities(Class& session) {
             [](SessionHandle const& self, py::object const& entity) -> py::object {
                 Entity owner;
                 Identifier attribute;
-                if (!self.Get().GetOwner(ToEntity(entity), owner, attribute))
+                if (!SessionInUse(self)->GetOwner(ToEntity(entity), owner, attribute))
                     return py::none();
                 return py::make_tuple(owner, attribute);
             },
@@ -61,7 +65,7 @@ void BindEntities(Class& session) {
             "owned",
             [](SessionHandle const& self, py::object const& owner, Identifier const& attribute) {
                 EntityListBag owned;
-                self.Get().GetOwnedEntities(owned, ToEntity(owner), attribute);
+                SessionInUse(self)->GetOwnedEntities(owned, ToEntity(owner), attribute);
                 return owned;
             },
             py::arg("owner"), py::arg("attribute"), "What an entity owns under one of its attributes.")
@@ -70,7 +74,7 @@ void BindEntities(Class& session) {
             [](SessionHandle const& self, py::object const& owner, EntityFullType const& type,
                Identifier const& attribute) {
                 EntityList owned;
-                self.Get().GetOwnedList(ToEntity(owner), type, attribute, owned);
+                SessionInUse(self)->GetOwnedList(ToEntity(owner), type, attribute, owned);
                 return owned;
             },
             py::arg("owner"), py::arg("type"), py::arg("attribute"),
@@ -78,9 +82,8 @@ void BindEntities(Class& session) {
         .def(
             "referred",
             [](SessionHandle const& self, py::object const& entity) {
-                SessionReading const reading(self.Get());
                 EntityListBag referred;
-                self.Get().GetReferred(referred, ToEntity(entity));
+                SessionInUse(self)->GetReferred(referred, ToEntity(entity));
                 return referred;
             },
             py::arg("entity"), "What an entity refers to by its attributes.")
@@ -88,7 +91,7 @@ void BindEntities(Class& session) {
             "all",
             [](SessionHandle const& self) {
                 EntityListBag all;
-                self.Get().GetAllEntities(all);
+                SessionInUse(self)->GetAllEntities(all);
                 return all;
             },
             "All entities, by type.");
@@ -96,9 +99,10 @@ void BindEntities(Class& session) {
 
 /// The entities that a query finds; a query that cannot be read is refused.
 EntityList Collect(SessionHandle const& self, EntityFullType const& type, std::string const& query) {
-    Check(CheckQuery(self.Get(), type, query));
+    SessionInUse const held(self);
+    Check(CheckQuery(*held, type, query));
     EntityList found;
-    self.Get().Collect(found, type, query);
+    held->Collect(found, type, query);
     return found;
 }
 
@@ -111,18 +115,20 @@ void BindQueries(Class& session) {
         .def(
             "objects",
             [](SessionHandle const& self, EntityFullType const& type, std::string const& query) {
+                SessionInUse const held(self);
                 EntityList const found = Collect(self, type, query);
                 py::list objects;
                 Entity entity;
                 for (unsigned int i = 0; found.GetEntity(entity, i); ++i)
-                    objects.append(GiveObject(self.Get().Get(entity), self));
+                    objects.append(GiveObject(held->Get(entity), self));
                 return objects;
             },
             py::arg("type"), py::arg("query") = "", "The objects of the same entities, as a list.")
         .def(
             "collect_instances",
             [](SessionHandle const& self, EntityFullType const& type, std::string const& query) {
-                Check(CheckQuery(self.Get(), type, query));
+                SessionInUse const held(self);
+                Check(CheckQuery(*held, type, query));
                 EntityListBag found;
                 self.GetStore().CollectInstances(found, type, query);
                 return found;
@@ -134,24 +140,24 @@ void BindQueries(Class& session) {
                 if (auto const* const store = dynamic_cast<store::Session const*>(&self.Get()))
                     return store->GetCount(type);
                 EntityList all;
-                self.Get().Collect(all, type, "");
+                SessionInUse(self)->Collect(all, type, "");
                 return all.GetIdListCount();
             },
             py::arg("type"), "How many entities of exactly this type there are.")
         .def(
             "check_query",
             [](SessionHandle const& self, EntityFullType const& type, std::string const& query) {
-                return CheckQuery(self.Get(), type, query).message;
+                return CheckQuery(*SessionInUse(self), type, query).message;
             },
             py::arg("type"), py::arg("query"), "Why a query cannot be read; an empty text for one that can.")
         .def(
             "explain",
             [](SessionHandle const& self, py::object const& entity, std::string const& query) {
-                SessionReading const reading(self.Get());
-                Metaobject const* const object = self.Get().Get(ToEntity(entity));
+                SessionInUse const held(self);
+                Metaobject const* const object = held->Get(ToEntity(entity));
                 if (object == nullptr)
                     throw Ended("the object is gone");
-                return ExplainQuery(self.Get(), *object, query);
+                return ExplainQuery(*held, *object, query);
             },
             py::arg("entity"), py::arg("query"), "Why an object is found by a query, or is not.");
 }
@@ -161,20 +167,20 @@ void BindTypeQuestions(Class& session) {
         .def(
             "is_a",
             [](SessionHandle const& self, py::object const& entity, EntityFullType const& type) {
-                return self.Get().IsA(ToEntity(entity), type);
+                return SessionInUse(self)->IsA(ToEntity(entity), type);
             },
             py::arg("entity"), py::arg("type"))
         .def(
             "parent_type",
             [](SessionHandle const& self, EntityFullType const& type) {
-                return self.Get().GetParentType(type);
+                return SessionInUse(self)->GetParentType(type);
             },
             py::arg("type"), "An empty type when there is none.")
         .def(
             "data_names",
             [](SessionHandle const& self, EntityFullType const& type) {
                 std::vector<Identifier> identifiers;
-                self.Get().GetDatanameIdentifiers(type, identifiers);
+                SessionInUse(self)->GetDatanameIdentifiers(type, identifiers);
                 return identifiers;
             },
             py::arg("type"), "The identifiers of a type's attributes.");

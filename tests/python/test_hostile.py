@@ -1,0 +1,192 @@
+"""Scripts whose objects and hooks end what is just being read: nothing of it may crash."""
+
+import gc
+
+import pytest
+
+import qzdescriptor as qz
+
+
+class Row(qz.CustomObject):
+    def __init__(self, session, entity):
+        super().__init__(session, entity)
+        self.values = {}
+
+    def read_value(self, attribute):
+        return self.values.get(str(attribute), 2.0)
+
+
+class Rows(qz.CustomSession):
+    """Its rows are 1 and 2."""
+
+    row = Row
+
+    def __init__(self, name, registry):
+        super().__init__(name, registry)
+        self.rows = {entity: self.row(self, entity) for entity in (qz.Entity("Row", 1), qz.Entity("Row", 2))}
+
+    def get_object(self, entity):
+        return self.rows.get(entity)
+
+    def delete_entity(self, entity):
+        del self.rows[entity]
+
+    def list_entities(self, type, query):
+        return [1, 2]
+
+
+FIRST, SECOND = qz.Entity("Row", 1), qz.Entity("Row", 2)
+
+
+@pytest.fixture
+def held():
+    """The only references to the registry; scripts let go of it by clearing them."""
+    registry = qz.Registry()
+    registry.insert("Row")
+    registry.insert_attribute("Row", "T", qz.Definition("T", float, default=1.5))
+    return [registry]
+
+
+def let_go(held):
+    held.clear()
+    gc.collect()
+
+
+def test_views_of_an_object_end_with_it(held):
+    session = Rows("a", held[0])
+    row = Row(session, qz.Entity("Row", 9))
+    view = qz.Attribute(row, "T")
+    assert view.value == 2
+    del row
+    gc.collect()
+    with pytest.raises(qz.Ended):
+        view.value
+
+
+def test_an_object_answers_after_its_registry_has_ended(held):
+    row = Row(Rows("a", held[0]), FIRST)
+    let_go(held)
+    assert not row.is_alive
+    assert row.read_definition("T") is None and row.read_allowables("T") is None and row.read_text("T") is None
+    assert row.list_attributes() == [] and row.read_action("x") is None
+    with pytest.raises(qz.Refused):
+        row.write_display_status("T", 1)
+
+
+def test_objects_that_are_read_outlast_their_entities(held):
+    class Fleeting(Row):
+        def read_value(self, attribute):
+            self.session.delete(self.entity)
+            return 2.0
+
+    class FleetingRows(Rows):
+        row = Fleeting
+
+    class Renewed(Row):
+        def read_value(self, attribute):
+            self.session.get(self.entity)
+            return 2.0
+
+    class RenewedRows(Rows):
+        def get_object(self, entity):
+            return Renewed(self, entity)
+
+    for session in (FleetingRows("a", held[0]), RenewedRows("b", held[0])):
+        assert session.entities("Row", "T > 1").ids.tolist() == [1, 2]
+    assert FleetingRows("c", held[0]).get(FIRST)["T"] == 2
+
+
+def test_what_the_end_of_an_object_does_is_done_after_its_replacement(held):
+    class Haunted(Row):
+        def __del__(self):
+            if len(ends) < 20:
+                ends.append(self.session.get(FIRST))
+
+    class HauntedRows(Rows):
+        def get_object(self, entity):
+            return Haunted(self, entity)
+
+    ends = []
+    session = HauntedRows("a", held[0])
+    for _ in range(5):
+        session.get(FIRST)
+    assert ends and session.get(FIRST)["T"] == 2
+
+
+USES = {
+    "get": lambda session: session.get(FIRST),
+    "find": lambda session: session.find("Row", "x"),
+    "create": lambda session: session.create("Row"),
+    "delete": lambda session: session.delete(FIRST),
+    "owner": lambda session: session.owner(FIRST),
+    "owned": lambda session: session.owned(FIRST, "T"),
+    "owned_list": lambda session: session.owned_list(FIRST, "Row", "T"),
+    "objects": lambda session: session.objects("Row", "T > 1"),
+    "all": lambda session: session.all(),
+    "count": lambda session: session.count("Row"),
+    "referred": lambda session: session.referred(FIRST),
+    "explain": lambda session: session.explain(FIRST, "T > 1"),
+}
+
+
+@pytest.mark.parametrize("use", USES.values(), ids=USES)
+def test_a_registry_ends_after_the_question_during_which_it_was_let_go(held, reports, use):
+    class Leaving(Rows):
+        def leave(self, *_):
+            alive.append(self.is_alive)
+            let_go(held)
+            alive.append(self.is_alive)
+
+        create_entity = delete_entity = find_entity = find_owner = list_entities = list_owned = get_object = leave
+
+    alive = []
+    session = Leaving("a", held[0])
+    try:
+        use(session)
+    except (qz.Refused, qz.Ended):
+        pass
+    assert all(alive) and session.is_alive == (not alive)
+
+
+def test_a_value_is_not_given_when_reading_it_ends_the_registry(held):
+    class Leaving(Row):
+        def read_value(self, attribute):
+            let_go(held)
+            return 2.0
+
+    row = Leaving(Rows("a", held[0]), qz.Entity("Row", 9))
+    view = qz.Attribute(row, "T")
+    with pytest.raises((KeyError, qz.Ended)):
+        row["T"]
+    for read in (lambda: row["T"], lambda: row.text("T"), lambda: view.value, lambda: view.is_set):
+        with pytest.raises((KeyError, qz.Ended)):
+            read()
+
+
+def test_walks_over_collections_pass_over_what_ends_meanwhile(held):
+    class Shrinking(Rows):
+        shrinks = False
+
+        def get_object(self, entity):
+            if self.shrinks and entity == SECOND and FIRST in self.rows:
+                self.delete(FIRST)
+                objects.remove(FIRST)
+            return super().get_object(entity)
+
+    session = Shrinking("a", held[0])
+    objects = qz.MetaobjectCollection(session, [FIRST, SECOND])
+    session.shrinks = True
+    assert [row.entity for row in objects] == [FIRST, SECOND]  # given before it was deleted
+    assert objects.entities == [SECOND] and FIRST not in objects
+
+
+def test_actions_are_given_the_object_itself(held):
+    class Renewed(Rows):
+        def get_object(self, entity):
+            return Row(self, entity)
+
+    seen = []
+    held[0].insert_action("Row", "look", qz.ActionDefinition("Look", seen.append))
+    row = Renewed("a", held[0]).get(FIRST)
+    row.invoke("look")
+    assert seen[0] is row and seen[0]["T"] == 2
