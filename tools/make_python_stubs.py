@@ -22,6 +22,44 @@ import numpy
 
 # What an argument of a class may be besides: the module makes one of it.
 ALSO = {"Identifier": "str | int", "EntityFullType": "str", "Version": "str"}
+# Methods that derived classes put in the place of these. C++ calls them by position, so that names are free, and takes
+# more answers than one class.
+ENTITY = "Entity | Object"
+ATTRIBUTE = "attribute: Identifier"
+HOOKS = {
+    "CustomObject.read_value": (ATTRIBUTE, "Any"),
+    "CustomObject.write_value": (f"{ATTRIBUTE}, value: Any", "None"),
+    "CustomObject.read_text": (f"{ATTRIBUTE}, format: str", "str | None"),
+    "CustomObject.write_text": (f"{ATTRIBUTE}, text: str, format: str", "None"),
+    "CustomObject.read_display_status": (ATTRIBUTE, "int"),
+    "CustomObject.write_display_status": (f"{ATTRIBUTE}, status: int", "None"),
+    "CustomObject.read_definition": (ATTRIBUTE, "Definition | None"),
+    "CustomObject.read_allowables": (ATTRIBUTE, "Allowables | None"),
+    "CustomObject.write_allowables": (f"{ATTRIBUTE}, allowables: Allowables", "None"),
+    "CustomObject.read_owner": ("", f"tuple[{ENTITY}, Identifier | str | int] | None"),
+    "CustomObject.read_data_operations": ("", "DataOperationList | None"),
+    "CustomObject.read_action": ("action: Identifier", "ActionDefinition | None"),
+    "CustomObject.read_action_enabled": ("action: Identifier", "bool"),
+    "CustomObject.read_action_visible": ("action: Identifier", "bool"),
+    "CustomObject.run_action": ("action: Identifier", "str | None"),
+    "CustomSession.create_entity": (f"type: EntityFullType, owner: Entity | None, owner_{ATTRIBUTE} | None", ENTITY),
+    "CustomSession.delete_entity": ("entity: Entity", "None"),
+    "CustomSession.get_object": ("entity: Entity", "CustomObject | None"),
+    "CustomSession.list_entities": ("type: EntityFullType, query: str", "Iterable[Any]"),
+    "CustomSession.find_entity": ("type: EntityFullType, name: str", f"{ENTITY} | None"),
+    "CustomSession.list_owned": (f"owner: Entity, owner_{ATTRIBUTE}", "Iterable[Any]"),
+    "CustomSession.find_owner": ("entity: Entity", f"tuple[{ENTITY}, Identifier | str | int] | None"),
+    "CustomSession.make_entity": (f"type: EntityFullType, owner: Entity | None, owner_{ATTRIBUTE} | None", ENTITY),
+    "CustomSession.find_entities": ("type: EntityFullType, query: str", "Iterable[Any]"),
+    "Serializer.write_session": ("session: Session", "bytes"),
+    "Serializer.read_session": ("data: bytes, session: Session", "None"),
+    "Serializer.write_entities": ("entities: EntityListBag", "bytes"),
+    "Serializer.read_entities": ("data: bytes", "EntityListBag"),
+    "Serializer.write_entity": ("entity: Entity", "bytes"),
+    "Serializer.read_entity": ("data: bytes", "Entity"),
+    "Serializer.write_value": (f"entity: Entity, {ATTRIBUTE}", "bytes"),
+    "Serializer.read_value": (f"data: bytes, entity: Entity, {ATTRIBUTE}", "None"),
+}
 # Results and arguments that the module passes through Python itself.
 PLAIN = {"object": "Any", "function": "Callable[..., Any]", "iterable": "Iterable[Any]", "iterator": "Iterator[Any]"}
 
@@ -56,7 +94,7 @@ def annotate(text: str, is_argument: bool) -> str:
         text = re.sub(rf"(?<![\w.]){name}\b", plain, text)
     if is_argument:
         for name, also in ALSO.items():
-            text = re.sub(rf"(?<![\w.\[]){name}\b(?! \|| *\])", f"{name} | {also}", text)
+            text = re.sub(rf"(?<![\w.\[]){name}\b(?! \| (?!None)| *\])", f"{name} | {also}", text)
     return text
 
 
@@ -75,6 +113,11 @@ def signatures(function) -> list[str]:
     lines = (function.__doc__ or "").splitlines()
     numbered = [line.split(". ", 1)[1] for line in lines if re.match(r"^\d+\. \w+\(", line)]
     return numbered or lines[:1]
+
+
+def hook(name: str, arguments: str, result: str, indent: str) -> str:
+    taken = f"self, {arguments}, /" if arguments else "self"
+    return f"{indent}def {name}({taken}) -> {result}: ..."
 
 
 def methods(name: str, function, indent: str, is_static: bool) -> list[str]:
@@ -127,7 +170,9 @@ def of_class(name: str, cls: type, indent: str) -> list[str]:
     for member_name, member in vars(cls).items():
         if member_name.startswith("_") and member_name not in SPECIAL:
             continue
-        if inspect.isclass(member):
+        if f"{name}.{member_name}" in HOOKS:
+            body.append(hook(member_name, *HOOKS[f"{name}.{member_name}"], inner))
+        elif inspect.isclass(member):
             body = of_class(member_name, member, inner) + body
         elif isinstance(member, property):
             body += of_property(member_name, member, inner)

@@ -63,3 +63,35 @@ def test_mypy_agrees(tmp_path):
                            "--allowlist", str(passed_over), "--ignore-unused-allowlist"],
                           capture_output=True, text=True, cwd=FOLDER)
     assert done.returncode == 0, done.stdout
+
+
+OVERRIDES = '''
+import qzdescriptor as qz
+
+class Row(qz.CustomObject):
+    def read_value(self, attribute: qz.Identifier) -> float: return 1.0
+    def read_text(self, attribute: qz.Identifier, form: str) -> str: return form
+    def read_data_operations(self) -> qz.DataOperationList: return qz.DataOperationList()
+    def run_action(self, action: qz.Identifier) -> None: ...
+
+class Rows(qz.CustomSession):
+    def create_entity(self, kind: qz.EntityFullType, owner: qz.Entity | None, under: qz.Identifier | None) -> qz.Entity:
+        return qz.Entity(kind, 1)
+    def get_object(self, entity: qz.Entity) -> Row | None: return None
+    def list_entities(self, kind: qz.EntityFullType, query: str) -> list[int]: return [1]
+    def find_entity(self, kind: qz.EntityFullType, name: str) -> qz.Entity | None: return None
+    def delete_entity(self, entity: str) -> None: ...  # of a wrong type
+
+def use(registry: qz.Registry, session: qz.Session) -> None:
+    registry.insert_attribute("Row", "T", qz.Definition("T", float), secondary="t")
+    session.create("Row", attribute="rows")
+'''
+
+
+def test_type_checkers_pass_correct_overrides_and_no_others(tmp_path):
+    pytest.importorskip("mypy")
+    (tmp_path / "rows.py").write_text(OVERRIDES)
+    done = subprocess.run([sys.executable, "-m", "mypy", "--cache-dir", str(tmp_path), str(tmp_path / "rows.py")],
+                          capture_output=True, text=True, cwd=FOLDER)
+    errors = [line for line in done.stdout.splitlines() if ": error:" in line]
+    assert len(errors) == 1 and '"delete_entity"' in errors[0], done.stdout

@@ -55,7 +55,9 @@ template <class T>
 Allowables FromList(AllowablesParts const& parts) {
     Allowables::List<T> list;
     if (py::isinstance<py::dict>(parts.values)) {
-        for (auto const& item : py::reinterpret_borrow<py::dict>(parts.values))
+        // A copy: the conversion of a value may run code that changes the mapping.
+        auto const values = py::reinterpret_steal<py::dict>(PyDict_Copy(parts.values.ptr()));
+        for (auto const& item : values)
             list.push_back(std::pair<T, qzString>(TakeItem<T>(item.second), ToText(item.first)));
     } else {
         for (py::handle const value : parts.values)

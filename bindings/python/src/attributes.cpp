@@ -233,16 +233,23 @@ void Reset(AttributeView const& self) {
     self.SetValue(Value(value->Clone()));
 }
 
-/// Data as a value of the attribute's type.
-Value Take(AttributeView const& self, py::handle data) {
-    return py::isinstance<Value>(data) ? data.cast<Value>() : TakeData(TypeOf(self), data);
+/// Why a value would be refused.
+qzString Test(AttributeView const& self, py::object const& data) {
+    try {
+        Value const value = TakeValue(TypeOf(self), data); // may run code that ends what the view looks at
+        return self.Look().TestValue(value).message;
+    } catch (Refused const& refused) {
+        return refused.what();
+    }
 }
 
 void BindData(Class& attribute) {
     attribute
         .def_property(
             "value", [](AttributeView const& self) { return GiveData(self.GetValue().GetValuePtr()); },
-            [](AttributeView const& self, py::object const& data) { self.SetValue(Take(self, data)); },
+            [](AttributeView const& self, py::object const& data) {
+                self.SetValue(TakeValue(TypeOf(self), data));
+            },
             "The data of the attribute; its default when it was never set. It takes a Value, too.")
         .def_property_readonly(
             "default", [](AttributeView const& self) { return GiveData(self.Look().GetDefaultValue()); },
@@ -255,16 +262,8 @@ void BindData(Class& attribute) {
              "The value as text, in the type's own form or a given one.")
         .def("set_text", &ReadText, py::arg("text"), py::arg("format") = py::none(),
              "Reads the value from text.")
-        .def(
-            "test",
-            [](AttributeView const& self, py::object const& data) {
-                try {
-                    return self.Look().TestValue(Take(self, data)).message;
-                } catch (Refused const& refused) {
-                    return qzString(refused.what());
-                }
-            },
-            py::arg("data"), "Why a value would be refused; an empty text for one that would not.")
+        .def("test", &Test, py::arg("data"),
+             "Why a value would be refused; an empty text for one that would not.")
         .def("reset", &Reset, "Back to the default.");
 }
 

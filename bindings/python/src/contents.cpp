@@ -25,10 +25,9 @@ std::vector<Identifier> ListIdentifiers(Members const& members, bool ownOnly, bo
 }
 
 void BindMembers(py::module_& module) {
-    py::class_<MembersRef> members(
-        module, "Members",
-        "The attributes and actions of a metaclass, or of one of its configurations: members['T'] is an "
-        "Attribute. Members are inserted by the registry.");
+    py::class_<MembersRef> members(module, "Members",
+                                   "The attributes of a metaclass, or of one of its configurations: "
+                                   "members['T'] is an Attribute. Members are inserted by the registry.");
     members.def_property_readonly("name", [](MembersRef const& self) { return self.Get().GetName(); })
         .def_property_readonly(
             "parent_name",
@@ -118,7 +117,7 @@ void BindValues(py::class_<ContentRef>& content) {
             "__setitem__",
             [](ContentRef const& self, Identifier const& attribute, py::object const& data) {
                 AttributeView const view = FindAttribute(self, attribute);
-                view.SetValue(TakeData(TypeSpec::Of(view.GetDefinition()), data));
+                view.SetValue(TakeValue(TypeSpec::Of(view.GetDefinition()), data));
             },
             py::arg("attribute"), py::arg("data"),
             "Raises Refused, with the reason, for what is not allowed.")
@@ -132,8 +131,11 @@ void BindValues(py::class_<ContentRef>& content) {
             "set_unchecked",
             [](ContentRef const& self, Identifier const& attribute, py::object const& data) {
                 AttributeView const view = FindAttribute(self, attribute);
-                self.Get().SetValueUnchecked(view.GetIndex(),
-                                             TakeData(TypeSpec::Of(view.GetDefinition()), data));
+                // Of a Value, too, the data: nothing tests its type afterwards.
+                py::object const plain =
+                    py::isinstance<Value>(data) ? GiveData(data.cast<Value const&>().GetValuePtr()) : data;
+                Value value = TakeData(TypeSpec::Of(view.GetDefinition()), plain);
+                self.Get().SetValueUnchecked(view.GetIndex(), std::move(value));
             },
             py::arg("attribute"), py::arg("data"),
             "Sets data of the attribute's type that need not be allowed, such as data that are read back.")

@@ -28,8 +28,11 @@ std::string Describe(TypeSpec const& type);
 /// The data of a value as a Python object: numbers, texts, tuples, arrays, or a class of this module. None
 /// without a value.
 py::object GiveData(ValuePtr const* holder);
-/// A value of the type that holds the data; refuses data of another kind.
+/// A value of the type that holds the data; refuses data of another kind. Numbers may be of classes whose
+/// conversion runs Python code: what was looked up before may be gone after.
 Value TakeData(TypeSpec const& type, py::handle data);
+/// The same of data that may be a `Value`, which is taken as it is.
+Value TakeValue(TypeSpec const& type, py::handle data);
 
 /// The default, bounds and list of allowables.
 py::object GiveDefault(Allowables const& allowables);

@@ -5,9 +5,11 @@
 
 #include <pybind11/numpy.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -223,24 +225,28 @@ py::object Give(qzTMatrix44<T> const& value) {
     return GiveMatrix(value.elements);
 }
 
-/// The items of a sequence when it has that many; empty otherwise.
-inline py::object TakeItems(py::handle object, std::size_t count) {
+/// The items of a sequence, none for what is no sequence. A copy: the conversion of an item may run code that
+/// changes the sequence.
+inline std::optional<py::tuple> TakeItems(py::handle object) {
     if (!IsSequence(object))
-        return py::object();
-    auto items = py::reinterpret_steal<py::object>(PySequence_Fast(object.ptr(), "a sequence is expected"));
+        return std::nullopt;
+    auto items = py::reinterpret_steal<py::object>(PySequence_Tuple(object.ptr()));
     PyErr_Clear();
-    if (items && static_cast<std::size_t>(PySequence_Fast_GET_SIZE(items.ptr())) != count)
-        items = py::object();
-    return items;
+    return items ? std::optional<py::tuple>(std::move(items)) : std::nullopt;
+}
+/// The same when there are that many.
+inline std::optional<py::tuple> TakeItems(py::handle object, std::size_t count) {
+    std::optional<py::tuple> items = TakeItems(object);
+    return items && items->size() == count ? items : std::nullopt;
 }
 template <class T>
 bool TakeEach(py::handle object, std::initializer_list<T*> places) {
-    py::object const items = TakeItems(object, places.size());
+    std::optional<py::tuple> const items = TakeItems(object, places.size());
     if (!items)
         return false;
-    Py_ssize_t i = 0;
+    std::size_t i = 0;
     for (T* const place : places) {
-        if (!Take(PySequence_Fast_GET_ITEM(items.ptr(), i++), *place))
+        if (!Take((*items)[i++], *place))
             return false;
     }
     return true;
@@ -256,17 +262,15 @@ bool Take(py::handle object, qzTTriple<T>& value) {
 template <class T, std::size_t Size>
 bool TakeMatrix(py::handle object, T (&elements)[Size]) {
     constexpr std::size_t side = Size == 9 ? 3 : 4;
-    py::object const rows = TakeItems(object, side);
+    std::optional<py::tuple> const rows = TakeItems(object, side);
     for (std::size_t row = 0; rows && row < side; ++row) {
-        py::object const items =
-            TakeItems(PySequence_Fast_GET_ITEM(rows.ptr(), static_cast<Py_ssize_t>(row)), side);
+        std::optional<py::tuple> const items = TakeItems((*rows)[row], side);
         for (std::size_t column = 0; column < side; ++column) {
-            if (!items || !Take(PySequence_Fast_GET_ITEM(items.ptr(), static_cast<Py_ssize_t>(column)),
-                                elements[side * row + column]))
+            if (!items || !Take((*items)[column], elements[side * row + column]))
                 return false;
         }
     }
-    return static_cast<bool>(rows);
+    return rows.has_value();
 }
 template <class T>
 bool Take(py::handle object, qzTMatrix33<T>& value) {
@@ -356,8 +360,15 @@ bool TakeArray(py::handle object, qzStlVector<T>& list) {
     auto const array = py::reinterpret_borrow<Array>(object);
     if (array.ndim() != 1)
         return false;
-    auto const* const first = reinterpret_cast<T const*>(array.data());
-    list.assign(first, first + array.size());
+    qzStlVector<T> taken(static_cast<std::size_t>(array.size()));
+    if constexpr (std::is_same_v<T, bool>) { // a byte of an array may be any, a bool may not
+        auto const* const first = reinterpret_cast<unsigned char const*>(array.data());
+        std::transform(first, first + taken.size(), taken.begin(),
+                       [](unsigned char byte) { return byte != 0; });
+    } else if (!taken.empty()) {
+        std::memcpy(taken.data(), array.data(), taken.size() * sizeof(T)); // the array need not be aligned
+    }
+    list = std::move(taken);
     return true;
 }
 
@@ -367,16 +378,12 @@ bool Take(py::handle object, qzStlVector<T>& list) {
         if (TakeArray(object, list))
             return true;
     }
-    if (!IsSequence(object))
-        return false;
-    auto const items =
-        py::reinterpret_steal<py::object>(PySequence_Fast(object.ptr(), "a sequence is expected"));
-    PyErr_Clear();
+    std::optional<py::tuple> const items = TakeItems(object);
     if (!items)
         return false;
-    qzStlVector<T> taken(static_cast<std::size_t>(PySequence_Fast_GET_SIZE(items.ptr())));
+    qzStlVector<T> taken(items->size());
     for (std::size_t i = 0; i < taken.size(); ++i) {
-        if (!Take(PySequence_Fast_GET_ITEM(items.ptr(), static_cast<Py_ssize_t>(i)), taken[i]))
+        if (!Take(PyTuple_GET_ITEM(items->ptr(), static_cast<Py_ssize_t>(i)), taken[i]))
             return false;
     }
     list = std::move(taken);

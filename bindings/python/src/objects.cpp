@@ -31,11 +31,9 @@ void BindValues(Class& object) {
         .def(
             "__setitem__",
             [](ObjectHandle const& self, Identifier const& attribute, py::object const& data) {
-                Metaobject const& held = self.Get();
-                Definition const& definition = FindDefinition(held, attribute);
-                Check(held.SetValue(attribute, py::isinstance<Value>(data)
-                                                   ? data.cast<Value const&>()
-                                                   : TakeData(TypeSpec::Of(definition), data)));
+                TypeSpec const type = TypeSpec::Of(FindDefinition(self.Get(), attribute));
+                Value const value = TakeValue(type, data); // may run code that deletes the object
+                Check(self.Get().SetValue(attribute, value));
             },
             py::arg("attribute"), py::arg("data"),
             "Sets an attribute to data, or to a Value, of its declared type. Raises Refused, with the "
@@ -49,23 +47,23 @@ void BindValues(Class& object) {
             py::arg("attribute"))
         .def(
             "text",
-            [](ObjectHandle const& self, Identifier const& attribute, std::string const& format) {
+            [](ObjectHandle const& self, Identifier const& attribute, std::optional<qzString> const& format) {
                 qzString text;
                 FindDefinition(self.Get(), attribute);
-                Check(self.Get().GetValueAsString(attribute, text, format),
+                Check(self.Get().GetValueAsString(attribute, text, format.value_or("")),
                       "the value has no text of that form");
                 return text;
             },
-            py::arg("attribute"), py::arg("format") = "",
+            py::arg("attribute"), py::arg("format") = py::none(),
             "The value as text, in the type's own form or a given one.")
         .def(
             "set_text",
             [](ObjectHandle const& self, Identifier const& attribute, std::string const& text,
-               std::string const& format) {
+               std::optional<qzString> const& format) {
                 FindDefinition(self.Get(), attribute);
-                Check(self.Get().SetValueFromString(attribute, text, format));
+                Check(self.Get().SetValueFromString(attribute, text, format.value_or("")));
             },
-            py::arg("attribute"), py::arg("text"), py::arg("format") = "", "Reads a value from text.")
+            py::arg("attribute"), py::arg("text"), py::arg("format") = py::none(), "Reads a value from text.")
         .def(
             "display_status",
             [](ObjectHandle const& self, Identifier const& attribute) {

@@ -103,7 +103,8 @@ py::object GetCell(Tabular const& table, std::pair<long long, long long> place) 
 void SetCell(Tabular& table, std::pair<long long, long long> place, py::object const& data) {
     unsigned int const column = CheckColumn(table, place.second);
     TypeSpec const type{table.GetBasicType(column), table.GetCompoundType(column), 0};
-    Check(table.SetCellValue(CheckRow(table, place.first), column, TakeData(type, data)),
+    Value const cell = TakeValue(type, data);
+    Check(table.SetCellValue(CheckRow(table, place.first), CheckColumn(table, place.second), cell),
           "the cell does not take this value");
 }
 

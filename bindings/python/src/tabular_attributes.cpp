@@ -60,12 +60,13 @@ void CheckPlace(TabularAttribute const& view, Place const& place) {
         throw py::index_error("there is no such cell");
 }
 
-/// Data as a value of a column's type.
-Value TakeCell(TabularAttribute const& view, unsigned int column, py::handle data) {
+/// The type of a cell; throws for a place that is none.
+TypeSpec TypeOfCell(TabularAttribute const& view, Place const& place) {
+    CheckPlace(view, place);
     Tabular const* const table = view.GetTable();
-    if (table != nullptr && column < table->GetColumnCount())
-        return TakeData({table->GetBasicType(column), table->GetCompoundType(column), 0}, data);
-    return TakeData(TypeSpec::Of(view.GetColumnDefinition(column)), data);
+    if (table != nullptr && place.second < table->GetColumnCount())
+        return {table->GetBasicType(place.second), table->GetCompoundType(place.second), 0};
+    return TypeSpec::Of(view.GetColumnDefinition(place.second));
 }
 
 py::object GetCell(TableView const& self, Place const& place) {
@@ -77,21 +78,16 @@ py::object GetCell(TableView const& self, Place const& place) {
 }
 
 void SetCell(TableView const& self, Place const& place, py::object const& data) {
-    Value cell;
-    {
-        TabularAttribute const view = self.LookAtTable();
-        CheckPlace(view, place);
-        cell = TakeCell(view, place.second, data);
-        Check(view.TestCellValue(place.first, place.second, cell));
-    }
+    Value const cell = TakeValue(TypeOfCell(self.LookAtTable(), place), data);
+    Check(self.LookAtTable().TestCellValue(place.first, place.second, cell));
     self.Change([&](TabularAttribute& view) { Check(view.SetCellValue(place.first, place.second, cell)); });
 }
 
 qzString TestCell(TableView const& self, Place const& place, py::object const& data) {
-    TabularAttribute const view = self.LookAtTable();
-    CheckPlace(view, place);
+    TypeSpec const type = TypeOfCell(self.LookAtTable(), place);
     try {
-        return view.TestCellValue(place.first, place.second, TakeCell(view, place.second, data)).message;
+        Value const cell = TakeValue(type, data);
+        return self.LookAtTable().TestCellValue(place.first, place.second, cell).message;
     } catch (Refused const& refused) {
         return refused.what();
     }

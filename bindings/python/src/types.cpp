@@ -7,6 +7,8 @@ namespace qzPython {
 
 namespace {
 
+constexpr unsigned int s_maxDimension = 4;
+
 /// The Python classes that stand for types of values.
 struct ClassRow {
     py::handle type;
@@ -40,21 +42,30 @@ std::vector<ClassRow> ListClasses() {
             RowOf<FormulaBag>(BT_OBJECT, CT_FORMULA, 3)};
 }
 
+TypeSpec CheckDimension(TypeSpec const& type) {
+    if (type.dimension > s_maxDimension)
+        throw py::type_error("a type of values has at most 4 dimensions");
+    return type;
+}
+
+TypeSpec ToTypeSpec(py::handle type, unsigned int depth);
+
 /// `list[X]`, and `tuple[X, X]` or `tuple[X, X, X]` with one X throughout.
-TypeSpec ToGenericSpec(py::handle type) {
+TypeSpec ToGenericSpec(py::handle type, unsigned int depth) {
+    CheckDimension({BT_NONE, CT_NONE, depth});
     py::module_ const typing = py::module_::import("typing");
     py::object const origin = typing.attr("get_origin")(type);
     py::tuple const arguments = typing.attr("get_args")(type);
     if (origin.is(py::handle(reinterpret_cast<PyObject*>(&PyList_Type))) && arguments.size() == 1) {
-        TypeSpec spec = ToTypeSpec(arguments[0]);
+        TypeSpec spec = ToTypeSpec(arguments[0], depth + 1);
         ++spec.dimension;
-        return spec;
+        return CheckDimension(spec);
     }
     bool const isTuple = origin.is(py::handle(reinterpret_cast<PyObject*>(&PyTuple_Type)));
     if (isTuple && (arguments.size() == 2 || arguments.size() == 3)) {
-        TypeSpec spec = ToTypeSpec(arguments[0]);
+        TypeSpec spec = ToTypeSpec(arguments[0], depth + 1);
         for (py::handle const argument : arguments) {
-            if (!(ToTypeSpec(argument) == spec))
+            if (!(ToTypeSpec(argument, depth + 1) == spec))
                 throw py::type_error("a tuple has components of one type");
         }
         spec.compound = arguments.size() == 2 ? CT_COUPLE : CT_TRIPLE;
@@ -63,9 +74,7 @@ TypeSpec ToGenericSpec(py::handle type) {
     throw py::type_error(ToText(py::repr(type)) + " is no type of values");
 }
 
-} // namespace
-
-TypeSpec ToTypeSpec(py::handle type) {
+TypeSpec ToTypeSpec(py::handle type, unsigned int depth) {
     if (py::isinstance<TypeSpec>(type))
         return type.cast<TypeSpec>();
     if (py::isinstance<BasicType>(type))
@@ -74,8 +83,12 @@ TypeSpec ToTypeSpec(py::handle type) {
         if (type.is(row.type))
             return row.spec;
     }
-    return ToGenericSpec(type);
+    return ToGenericSpec(type, depth);
 }
+
+} // namespace
+
+TypeSpec ToTypeSpec(py::handle type) { return ToTypeSpec(type, 0); }
 
 TypeSpec GuessType(py::handle data) {
     if (PyBool_Check(data.ptr()))
@@ -189,9 +202,11 @@ void BindTypes(py::module_& module) {
         "The type of a value: that of its elements, their shape, and the dimension (0 one element, "
         "1 a list, 2 a two-level list, 3 a bag, 4 a register of bags). Made of a Python type, too: "
         "ValueType(list[float]).");
-    bound.def(py::init(&ToTypeSpec), py::arg("type"))
-        .def(py::init<BasicType, CompoundType, unsigned int>(), py::arg("basic"), py::arg("compound"),
-             py::arg("dimension") = 0)
+    bound.def(py::init(py::overload_cast<py::handle>(&ToTypeSpec)), py::arg("type"))
+        .def(py::init([](BasicType basic, CompoundType compound, unsigned int dimension) {
+                 return CheckDimension({basic, compound, dimension});
+             }),
+             py::arg("basic"), py::arg("compound"), py::arg("dimension") = 0)
         .def_readonly("basic", &TypeSpec::basic)
         .def_readonly("compound", &TypeSpec::compound)
         .def_readonly("dimension", &TypeSpec::dimension)
@@ -213,7 +228,8 @@ void BindTypes(py::module_& module) {
     BindPickle(
         bound, +[](TypeSpec const& self) { return State(self.basic, self.compound, self.dimension); },
         +[](int basic, int compound, unsigned int dimension) {
-            return TypeSpec{static_cast<BasicType>(basic), static_cast<CompoundType>(compound), dimension};
+            return CheckDimension(
+                {static_cast<BasicType>(basic), static_cast<CompoundType>(compound), dimension});
         });
 }
 

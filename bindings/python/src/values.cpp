@@ -60,6 +60,10 @@ Value TakeData(TypeSpec const& type, py::handle data) {
     return value;
 }
 
+Value TakeValue(TypeSpec const& type, py::handle data) {
+    return py::isinstance<Value>(data) ? data.cast<Value>() : TakeData(type, data);
+}
+
 namespace {
 
 /// A single element with a text beside it; refuses types that have none.
