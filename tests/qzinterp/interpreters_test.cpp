@@ -29,7 +29,7 @@ struct Language {
 };
 
 std::vector<Language> const s_languages = {
-    // none in a build without interpreters
+// none in a build without interpreters
 #ifdef QZ_WITH_PYTHON
     {"python", "import sys\nprint(2 * 3)\nprint('oops', file=sys.stderr)",
      "def inner():\n    raise ValueError('no good')\nprint('before')\ninner()\n", "line 4, in <module>",
