@@ -25,10 +25,11 @@ ObjectQuery::~ObjectQuery() = default;
 qzString ObjectQuery::GetProblem() const {
     if (!IsValid())
         return m_reader->parser.GetError().message;
-    auto const& unknown = m_reader->data.GetUnknown();
-    return unknown.empty() ? qzString()
-                           : "'" + unknown.front() + "' is no attribute of " + m_reader->typeName;
+    bool const isKnown = GetUnknown().empty();
+    return isKnown ? qzString() : "'" + GetUnknown().front() + "' is no attribute of " + m_reader->typeName;
 }
+
+std::vector<qzString> const& ObjectQuery::GetUnknown() const { return m_reader->data.GetUnknown(); }
 
 std::vector<unsigned int> const& ObjectQuery::GetAttributes() const { return m_reader->data.GetAttributes(); }
 

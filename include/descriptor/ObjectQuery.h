@@ -30,6 +30,8 @@ public:
     bool IsValid() const { return m_request != nullptr; }
     /// Why the text cannot be read, or which attribute the type does not have; empty when it is right.
     qzString GetProblem() const;
+    /// The names in the text that are no attributes of the type, in their order.
+    std::vector<qzString> const& GetUnknown() const;
     /// The handles of the attributes that are read, in the order of the conditions.
     std::vector<unsigned int> const& GetAttributes() const;
 
