@@ -79,7 +79,7 @@ private:
 
     std::string m_name;
     CardDefinition const* m_definition;
-    std::string_view m_idGroup;
+    std::string m_idGroup; ///< cards of one group share their numbers
     std::vector<Source> m_sources;
     mutable std::deque<CardObject> m_objects;                   // whose ids ascend while there is no index
     std::vector<std::pair<unsigned int, unsigned int>> m_index; // ids and places in m_objects, by id

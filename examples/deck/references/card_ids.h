@@ -16,7 +16,7 @@ inline bool HasSeveralIds(CardDefinition const* definition) {
 }
 
 /// The name of the group of cards in which a card's id is unique: a family, or cards of one name. Empty for
-/// cards that share ids by design, and for those without any.
+/// cards that share ids by design, and for those without any. It may be the name that the kind itself holds.
 inline std::string_view IdGroupOf(CardKind const& kind) {
     for (FamilyTraits const& family : AllFamilies()) {
         if (family.hasUniqueIds && IsMember(family, kind.name))
