@@ -93,9 +93,7 @@ public:
     }
     /// What is set, found without a virtual call. Null for an attribute at its default, and for every one of
     /// contents that keep their values otherwise.
-    ValuePtr const* FindOwnValue(unsigned int index) const {
-        return index < m_reach ? m_own[index] : nullptr;
-    }
+    ValuePtr const* FindOwnValue(unsigned int index) const { return P_FindOwn(index); }
     /// The value itself as above, null where there is none.
     ValuePtr const* FindValue(unsigned int index) const {
         ValuePtr const* holder = FindOwnValue(index);
@@ -236,7 +234,6 @@ protected:
 private:
     friend class ContentPrivate;
 
-    /// Null for an attribute at its default, and for a content that keeps its values otherwise.
     ValuePtr* P_FindOwn(unsigned int index) const { return index < m_reach ? m_own[index] : nullptr; }
 
     virtual bool P_TrySet(unsigned int index, bool const& value) = 0;

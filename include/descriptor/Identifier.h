@@ -44,7 +44,11 @@ public:
 
     /// Keys must be equal; a solver index of 0 and a row or column of s_unset match anything. The relation is
     /// not transitive.
-    QZDESCRIPTOR_API friend bool operator==(Identifier const& a, Identifier const& b);
+    friend bool operator==(Identifier const& a, Identifier const& b) {
+        return a.m_numericKey == b.m_numericKey && P_Match(0, a.m_solverIdx, b.m_solverIdx) &&
+               P_Match(s_unset, a.m_row, b.m_row) && P_Match(s_unset, a.m_column, b.m_column) &&
+               a.m_nameKey == b.m_nameKey;
+    }
 
     /// By number when both have one, else by name when both have one, then by what both have set of solver
     /// index, row and column. Two identifiers without a common kind of key are unordered. Every comparison
@@ -73,6 +77,12 @@ public:
     };
 
 private:
+    // What is unset matches anything.
+    template <class Part>
+    static constexpr bool P_Match(Part unset, Part a, Part b) {
+        return a == unset || b == unset || a == b;
+    }
+
     int m_numericKey = 0;
     qzString m_nameKey;
     int m_solverIdx = 0;

@@ -4,13 +4,6 @@
 
 namespace qzDescriptor {
 
-namespace {
-
-// An unset part matches anything.
-constexpr bool MatchUnless(auto unset, auto a, auto b) { return a == unset || b == unset || a == b; }
-
-} // namespace
-
 Identifier::Identifier(int numericKey, unsigned int solverIdx, unsigned int row, unsigned int column)
     : m_numericKey(numericKey), m_solverIdx(static_cast<int>(solverIdx)), m_row(row), m_column(column) {}
 
@@ -27,12 +20,6 @@ Identifier& Identifier::operator=(qzString const& nameKey) {
     return *this;
 }
 
-bool operator==(Identifier const& a, Identifier const& b) {
-    return a.m_numericKey == b.m_numericKey && MatchUnless(0, a.m_solverIdx, b.m_solverIdx) &&
-           MatchUnless(Identifier::s_unset, a.m_row, b.m_row) &&
-           MatchUnless(Identifier::s_unset, a.m_column, b.m_column) && a.m_nameKey == b.m_nameKey;
-}
-
 bool operator<(Identifier const& a, Identifier const& b) {
     Identifier::FullLessThanSentinel::GetActive();
     if (a.UsesNumericKey() && b.UsesNumericKey()) {
@@ -44,11 +31,11 @@ bool operator<(Identifier const& a, Identifier const& b) {
         if (int const order = a.m_nameKey.compare(b.m_nameKey); order != 0)
             return order < 0;
     }
-    if (!MatchUnless(0, a.m_solverIdx, b.m_solverIdx))
+    if (!Identifier::P_Match(0, a.m_solverIdx, b.m_solverIdx))
         return a.m_solverIdx < b.m_solverIdx;
-    if (!MatchUnless(Identifier::s_unset, a.m_row, b.m_row))
+    if (!Identifier::P_Match(Identifier::s_unset, a.m_row, b.m_row))
         return a.m_row < b.m_row;
-    return !MatchUnless(Identifier::s_unset, a.m_column, b.m_column) && a.m_column < b.m_column;
+    return !Identifier::P_Match(Identifier::s_unset, a.m_column, b.m_column) && a.m_column < b.m_column;
 }
 
 std::size_t Identifier::hash::operator()(Identifier const& identifier) const {
