@@ -50,8 +50,13 @@ qzReturnStatus Metaobject::InvokeAction(Identifier const& action) const {
         return {-1, "Interpretor not found"};
     ScriptSessionScope const scope(GetSession());
     qzString output;
-    if (!interpreter->Execute(MakeActionScript(definition, GetEntityFullType(), GetEntity().GetId()), output))
+    if (!interpreter->Execute(MakeActionScript(definition, GetEntityFullType(), GetEntity().GetId()),
+                              output)) {
+        qzInterp::ReportFailure(definition.GetLanguage(),
+                                definition.GetCallbackScriptFunction() + ": " + output);
         return {-1, "Callback execution failed"};
+    }
+    qzInterp::ReportOutput(definition.GetLanguage(), output);
     return {0, "Callback execution succeeded"};
 }
 

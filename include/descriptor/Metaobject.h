@@ -65,8 +65,9 @@ public:
     virtual qzString GetName() const = 0;
 
     /// Starts an action: calls its native function and returns what that returns, or runs its script function
-    /// in the interpreter of its language. Such a script reads the object's session as its current one. The
-    /// action may end the object; what tests whether it is enabled must not.
+    /// in the interpreter of its language. Such a script reads the object's session as its current one; what
+    /// it prints, or why it failed, goes to the reports of qzInterp. The action may end the object; what
+    /// tests whether it is enabled must not.
     virtual qzReturnStatus InvokeAction(Identifier const& action) const;
 
     /// The object's values; null when it does not keep them in one.

@@ -220,7 +220,10 @@ TEST(Command, PythonWorksOnTheObjectsOfADeck) {
     Outcome const thick = Call(folder, "query \"" + output + "\" PSHELL \"T = 12\"");
     EXPECT_EQ(thick.output, "PSHELL 1\n") << thick.errors;
     Outcome const refused = Call(folder, "run " + bridge + "PSHELL 1 \"Scale thickness\" -1");
-    EXPECT_EQ(refused.errors, "qzdeck: Callback execution failed\n");
+    EXPECT_TRUE(refused.errors.starts_with("script (python): scale_thickness: Traceback")) << refused.errors;
+    EXPECT_TRUE(
+        refused.errors.ends_with("Input of -4 violates: VALUE > 0\n\nqzdeck: Callback execution failed\n"))
+        << refused.errors;
 
     std::string const script = folder.Write("script.py", "from qz.mdi.isession import Session\n"
                                                          "for prop in Session().objects('PSHELL'):\n"

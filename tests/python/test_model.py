@@ -143,6 +143,26 @@ def test_events_reach_functions(session, reports):
     assert len(events) == 3 and not connection.is_connected and reports.take() == ""
 
 
+def test_scripts_print_where_python_prints(registry, session, capsys):
+    import sys
+    sys.modules["printing"] = module = type(sys)("printing")
+    module.tell = lambda ply: print("told by", ply.entity)
+    module.fail = lambda ply: 1 // 0
+    for name in ("tell", "fail"):
+        registry.insert_action("Ply", name, qz.ActionDefinition.script(name, name, module="printing"))
+    qz.set_script_registry(registry)
+    try:
+        ply = session.create("Ply")
+        ply.invoke("tell")
+        assert capsys.readouterr().out == "told by Ply 1\n"
+        with pytest.raises(qz.Refused, match="Callback execution failed"):
+            ply.invoke("fail")
+        assert "ZeroDivisionError" in capsys.readouterr().err
+    finally:
+        qz.set_script_registry(None)
+        del sys.modules["printing"]
+
+
 def test_actions_call_python(registry, session, reports):
     def thicken(ply):
         ply["T"] = ply["T"] * 2

@@ -25,8 +25,9 @@ public:
     RecordingInterpreter() { EXPECT_TRUE(Register("recorder", *this)); }
     ~RecordingInterpreter() override { Unregister("recorder"); }
 
-    bool Execute(qzString const& text, qzString&) override {
+    bool Execute(qzString const& text, qzString& output) override {
         script = text;
+        output = "said";
         session = GetScriptSession();
         if (during)
             during();
@@ -42,6 +43,19 @@ public:
 
 class Objects : public testing::Test {
 public:
+    Objects() {
+        qzInterp::SetOutputReport([this](qzString const& language, qzString const& text) {
+            reports += language + " printed " + text + "\n";
+        });
+        qzInterp::SetFailureReport([this](qzString const& language, qzString const& text) {
+            reports += language + " failed, " + text + "\n";
+        });
+    }
+    ~Objects() override {
+        qzInterp::SetOutputReport({});
+        qzInterp::SetFailureReport({});
+    }
+
     unsigned int Declare(qzString const& name) {
         return registry.Insert(name, Version(), "", MetaclassMgr::CONFIG_USAGE_NONE, "");
     }
@@ -55,6 +69,7 @@ public:
 
     store::Registry registry;
     RecordingInterpreter interpreter;
+    qzString reports; ///< what was told of scripts
 };
 
 TEST_F(Objects, RunScriptActionsAsOneLineOfPython) {
@@ -89,7 +104,9 @@ TEST_F(Objects, RunScriptActionsAsOneLineOfPython) {
         Identifier const id(c.expected);
         registry.InsertAction(handle, id, c.action, {});
         Metaobject const* const object = Make(c.type, c.id);
+        reports.clear();
         EXPECT_EQ(object->InvokeAction(id), (qzReturnStatus{0, "Callback execution succeeded"}));
+        EXPECT_EQ(reports, "recorder printed said\n");
         EXPECT_EQ(interpreter.script, c.expected);
         EXPECT_EQ(interpreter.session, &session());
     }
@@ -123,6 +140,7 @@ TEST_F(Objects, SayWhyAnActionDidNotRun) {
     registry.InsertAction(shell, Identifier("fails"), {"", "f", "", "", "recorder", true, true, "", ""}, {});
     interpreter.succeeds = false;
     EXPECT_EQ(object->InvokeAction(Identifier("fails")), (qzReturnStatus{-1, "Callback execution failed"}));
+    EXPECT_EQ(reports, "recorder failed, f: said\n");
 }
 
 TEST_F(Objects, LeaveNoSessionBehindForScriptsWhenOneEndsItsOwn) {

@@ -79,6 +79,9 @@ inline void Check(bool succeeded, char const* message) {
 /// Where exceptions go that nobody waits for: to sys.unraisablehook, where somebody has set it, else where
 /// the failures of scripts go. Of the exception that is being handled.
 void ReportFailure() noexcept;
+/// Lets what scripts print, and their failures, go to sys.stdout and sys.stderr, as users of notebooks expect,
+/// unless the application reads them.
+void ReportWherePythonPrints();
 /// Runs what calls into Python on behalf of C++: exceptions are reported, and false is answered.
 template <class Work>
 bool RunOrReport(Work&& work) noexcept;

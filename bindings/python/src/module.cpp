@@ -58,6 +58,7 @@ PYBIND11_MODULE(_core, module) {
     BindDerivedSession(module);
     BindDerivedObject(module);
     BindScripts(module);
+    ReportWherePythonPrints();
     TellWrongTypes();
     RefuseUninitialisedInstances(module);
 }

@@ -13,7 +13,8 @@ namespace {
 struct Registry {
     std::mutex mutex;
     std::map<qzString, qzInterp*> interpreters;
-    qzInterp::FailureReport report;
+    qzInterp::Report failureReport;
+    qzInterp::Report outputReport;
     std::recursive_mutex opening; // starting an interpreter may ask for others
     std::set<qzString> opened;    // languages whose back end has been asked for
 };
@@ -42,6 +43,19 @@ void SetOpened(qzString const& language) {
     Registry& registry = GetRegistry();
     std::lock_guard const guard(registry.mutex);
     registry.opened.insert(language);
+}
+
+qzInterp::Report Exchange(qzInterp::Report Registry::*report, qzInterp::Report other) {
+    Registry& registry = GetRegistry();
+    std::lock_guard const guard(registry.mutex);
+    return std::exchange(registry.*report, std::move(other));
+}
+
+/// To be called without the lock: a report may ask for interpreters.
+qzInterp::Report Copy(qzInterp::Report Registry::*report) {
+    Registry& registry = GetRegistry();
+    std::lock_guard const guard(registry.mutex);
+    return registry.*report;
 }
 
 } // namespace
@@ -76,21 +90,26 @@ bool qzInterp::Unregister(qzString const& language) {
     return registry.interpreters.erase(language) > 0;
 }
 
-void qzInterp::SetFailureReport(FailureReport report) {
-    Registry& registry = GetRegistry();
-    std::lock_guard const guard(registry.mutex);
-    std::swap(registry.report, report); // the old one ends outside of the lock
+qzInterp::Report qzInterp::SetFailureReport(Report report) {
+    return Exchange(&Registry::failureReport, std::move(report));
 }
 
 void qzInterp::ReportFailure(qzString const& language, qzString const& message) {
-    Registry& registry = GetRegistry();
-    FailureReport report;
-    {
-        std::lock_guard const guard(registry.mutex);
-        report = registry.report;
-    }
-    if (report)
+    if (Report const report = Copy(&Registry::failureReport))
         report(language, message);
     else
         std::cerr << "script (" << language << "): " << message << '\n';
+}
+
+qzInterp::Report qzInterp::SetOutputReport(Report report) {
+    return Exchange(&Registry::outputReport, std::move(report));
+}
+
+void qzInterp::ReportOutput(qzString const& language, qzString const& output) {
+    if (output.empty())
+        return;
+    if (Report const report = Copy(&Registry::outputReport))
+        report(language, output);
+    else
+        std::cout << output << std::flush;
 }

@@ -20,7 +20,9 @@ void qzScriptCallback::InvokeOrReport(qzStlVector<qzVariant> const& arguments) c
         } catch (std::exception const& error) {
             output = error.what();
         }
-        if (!isDone)
+        if (isDone)
+            qzInterp::ReportOutput(m_language, output);
+        else
             qzInterp::ReportFailure(m_language, m_function + ": " + output);
     } catch (...) {
         // Neither the call nor its report: there is nobody left to tell.

@@ -35,11 +35,18 @@ public:
     /// is not asked again.
     static bool Unregister(qzString const& language);
 
-    /// Is told what scripts that nobody waits for could not do, such as callbacks of signals. At first
-    /// that goes to standard error.
-    using FailureReport = std::function<void(qzString const& language, qzString const& message)>;
-    static void SetFailureReport(FailureReport report);
+    using Report = std::function<void(qzString const& language, qzString const& text)>;
+
+    // Actions and callbacks of signals run scripts whose output nobody waits for. These are told of it, and
+    // may be called by any thread that runs scripts. Setting one gives the one before; an empty one is the
+    // first.
+
+    /// Why such a script failed, with what it had printed. At first this goes to standard error.
+    static Report SetFailureReport(Report report);
     static void ReportFailure(qzString const& language, qzString const& message);
+    /// What such a script printed. At first this goes to standard output.
+    static Report SetOutputReport(Report report);
+    static void ReportOutput(qzString const& language, qzString const& output);
 
 protected:
     qzInterp() = default;
