@@ -71,6 +71,8 @@ TEST(QueryError, OffsetsCountBytesAndPositionsCharacters) {
     EXPECT_EQ(filter.GetError().position, 6u);
     EXPECT_EQ(filter.GetError().found, "')'");
     EXPECT_EQ(filter.GetError().expected, "a value");
+    EXPECT_EQ(Parse(filter, "a " + qzString(1000, '\xB2')), nullptr);
+    EXPECT_LT(filter.GetError().found.size(), 50u) << "bytes that are no UTF-8 are characters too";
 }
 
 qzString Repeat(qzString const& text, std::size_t count) {

@@ -221,6 +221,14 @@ TEST(RandomQueries, MeanWhatANaiveEvaluationSaysAndAreReadBackAsWritten) {
     EXPECT_LT(matching, 17'500);
 }
 
+/// An e in its two bytes of UTF-8, and a 2 as the raised one of Latin-1, which is no UTF-8.
+qzString Encode(qzString const& letters) {
+    qzString bytes;
+    for (char const c : letters)
+        bytes += c == 'e' ? "\xC3\xA9" : c == '2' ? "\xB2" : qzString(1, c);
+    return bytes;
+}
+
 TEST(RandomQueries, WildcardsFitAsTheirMeaningSays) {
     Random random;
     SCOPED_TRACE(random.GetSeed());
@@ -232,15 +240,19 @@ TEST(RandomQueries, WildcardsFitAsTheirMeaningSays) {
             made += letters[random.Below(static_cast<unsigned>(qzString(letters).size()))];
         return made;
     };
-    for (int round = 0; round < 2'000; ++round) {
-        qzString const pattern = word("abA*?", 8);
-        auto const request = Parse(filter, "s = '" + pattern + "'");
-        ASSERT_NE(request, nullptr) << pattern;
+    for (int round = 0; round < 3'000; ++round) {
+        qzString const pattern = word(random.Chance(3) ? "abA**" : "abA*?e2", 8);
+        qzString const part = word("abAe2", 3);
+        auto const request = Parse(filter, "s = '" + Encode(pattern) + "'");
+        auto const bare = Parse(filter, "'" + Encode(part) + "'");
+        ASSERT_TRUE(request && bare) << pattern << ' ' << part;
         for (int k = 0; k < 10; ++k) {
-            qzString const text = word("aBb", 10);
-            Object object{{"s", Text(text)}};
+            qzString const text = word("aBbe2", 12);
+            Object object{{"s", Text(Encode(text))}, {"name", Text(Encode(text))}};
             ASSERT_EQ(request->Matches(&object), Fits(pattern.c_str(), text.c_str()))
                 << pattern << ' ' << text;
+            ASSERT_EQ(bare->Matches(&object), Fits(("*" + part + "*").c_str(), text.c_str()))
+                << part << ' ' << text;
         }
     }
 }
