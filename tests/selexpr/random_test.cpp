@@ -159,10 +159,14 @@ private:
         list.test = [](Object const&) { return false; };
         unsigned const count = 1 + m_random.Below(3);
         for (unsigned k = 0; k < count; ++k) {
+            list.text += k == 0 ? "" : ",";
+            if (m_random.Chance(3)) {
+                P_AddSteps(name, list);
+                continue;
+            }
             Literal const first = m_random.Pick(s_literals);
             Literal const last = m_random.Pick(s_literals);
-            list.text +=
-                (k == 0 ? "" : ",") + P_Blank() + first.text + P_Blank() + ":" + P_Blank() + last.text;
+            list.text += P_Blank() + first.text + P_Blank() + ":" + P_Blank() + last.text;
             list.test = [=, others = list.test](Object const& object) {
                 qzVariant const& value = object.at(name);
                 return others(object) || (Compare(value, first, ">=") && Compare(value, last, "<=")) ||
@@ -170,6 +174,23 @@ private:
             };
         }
         return list;
+    }
+
+    void P_AddSteps(qzString const& name, Request& list) {
+        int const first = static_cast<int>(m_random.Below(9)) - 4;
+        int const step = static_cast<int>(1 + m_random.Below(3)) * (m_random.Chance(2) ? 1 : -1);
+        int const last = first + step * static_cast<int>(m_random.Below(3)) + (step > 1 ? 1 : 0);
+        list.text += std::to_string(first) + ":" + std::to_string(last) + ":" + std::to_string(step);
+        list.test = [=, others = list.test](Object const& object) {
+            if (others(object))
+                return true;
+            for (int k = first; step > 0 ? k <= last : k >= last; k += step) {
+                auto const number = static_cast<float>(k);
+                if (Compare(object.at(name), {"", number, number, number}, "="))
+                    return true;
+            }
+            return false;
+        };
     }
 
     qzString P_Blank(bool needed = false) { return m_random.Pick({needed ? " " : "", " ", "\n \t"}); }

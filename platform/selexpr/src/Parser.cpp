@@ -8,6 +8,7 @@ namespace ui::selexpr {
 namespace {
 
 constexpr unsigned s_deepest = 200;
+constexpr std::size_t s_longest = 16'000'000; // in bytes; each may take a hundred of memory
 
 constexpr std::pair<Token::Kind, Operator> s_comparisons[] = {
     {Token::Kind::Equal, Operator::Equal},
@@ -33,6 +34,10 @@ bool EndsCondition(Token const& token) {
 } // namespace
 
 std::unique_ptr<IRequest> Parser::Parse() {
+    if (m_text.size() > s_longest) {
+        P_Fail(s_longest, m_text.size() - s_longest, "the end: texts have at most 16 MB");
+        return nullptr;
+    }
     P_Advance();
     if (!P_Query() || (m_token.kind != Kind::End && !P_Fail(P_WhatMayFollow())))
         return nullptr;
