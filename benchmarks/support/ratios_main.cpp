@@ -1,19 +1,28 @@
 // Runs the benchmarks of a program and then sets ours beside each peer. A benchmark's name is made of parts
-// between slashes, one of which says whose it is: "ours" or a peer's name.
+// between slashes, one of which says whose it is: "ours" or a peer's name. Of one that is repeated the median
+// counts.
+
+#include "support/turns.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
 
+bool s_takesTurns = false;
+
 struct Measured {
     std::vector<std::string> parts;
     double time;
+    std::int64_t family; ///< of benchmarks, in the order of their registration
+    std::int64_t member;
 };
 
 std::vector<std::string> Split(std::string const& name) {
@@ -45,11 +54,15 @@ public:
         for (Run const& run : runs) {
             bool const single = run.run_type == Run::RT_Iteration && run.repetitions <= 1;
             if (single || run.aggregate_name == "median")
-                m_measured.push_back({Split(run.run_name.str()), run.GetAdjustedRealTime()});
+                m_measured.push_back({P_PartsOf(run.run_name), run.GetAdjustedRealTime(), run.family_index,
+                                      run.per_family_instance_index});
         }
     }
 
-    void PrintRatios() const {
+    /// In the order of registration, in whatever order benchmarks have ended.
+    void PrintRatios() {
+        std::ranges::sort(m_measured, {},
+                          [](Measured const& each) { return std::pair(each.family, each.member); });
         std::printf("\n%-44s %12s %12s  %s\n", "ours beside", "ours", "peer", "ours / peer");
         for (Measured const& ours : m_measured) {
             auto const place = std::ranges::find(ours.parts, "ours");
@@ -59,6 +72,12 @@ public:
     }
 
 private:
+    static std::vector<std::string> P_PartsOf(benchmark::BenchmarkName name) {
+        name.repetitions.clear(); // how it is measured, which says nothing of what is
+        name.min_time.clear();
+        return Split(name.str());
+    }
+
     void PrintPeers(Measured const& ours, std::size_t place) const {
         std::string const subject = Join(ours.parts, place);
         for (Measured const& peer : m_measured) {
@@ -75,9 +94,17 @@ private:
 
 } // namespace
 
+bool TakeTurns() { return s_takesTurns = true; }
+
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    std::vector<char*> arguments(argv, argv + argc);
+    std::string inTurns = "--benchmark_enable_random_interleaving=true";
+    if (s_takesTurns)
+        arguments.insert(arguments.begin() + 1, inTurns.data());
+    argc = static_cast<int>(arguments.size());
+    arguments.push_back(nullptr);
+    benchmark::Initialize(&argc, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(argc, arguments.data()))
         return 1;
     // A process with one thread skips the locked instructions; the applications that we measure for have
     // more.

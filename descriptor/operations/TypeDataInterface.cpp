@@ -10,6 +10,8 @@
 #include "descriptor/ScalarStorage.h"
 #include "operations/query_values.h"
 
+#include <algorithm>
+
 namespace qzDescriptor {
 
 using namespace ui::selexpr;
@@ -30,19 +32,26 @@ public:
     }
 };
 
+/// Where an attribute of a type is.
+struct Place {
+    unsigned int attribute;
+    bool inDescendants; ///< the handle is the same in the descendants of the type
+};
+
 /// Reads by handle and in place. An object whose own definition of the attribute has another type than that
-/// of the metaclass is read by that one.
+/// of the metaclass is read by that one, and one that may have the attribute elsewhere by name.
 class AttributeProperty : public IProperty {
 public:
-    AttributeProperty(unsigned int attribute, QueryType const& type, std::unique_ptr<IProperty> byName)
-        : m_attribute(attribute), m_read(type.read), m_byName(std::move(byName)) {}
+    AttributeProperty(Place const& place, QueryType const& type, std::unique_ptr<IProperty> byName)
+        : m_place(place), m_read(type.read), m_byName(std::move(byName)) {}
 
     bool Read(void* given, Scalar& value, qzString& scratch) const override {
         QuerySubject const& subject = AsSubject(given);
         if (subject.content != nullptr)
             return P_Read(*subject.content, value, scratch);
         ValuePtr const* held = nullptr;
-        if (subject.object != nullptr && subject.object->GetValue(m_attribute, held) && held != nullptr &&
+        if (m_place.inDescendants && subject.object != nullptr &&
+            subject.object->GetValue(m_place.attribute, held) && held != nullptr &&
             m_read(*held, value, scratch))
             return true;
         return m_byName->Read(given, value, scratch);
@@ -52,19 +61,19 @@ protected:
     /// What the content, if there is one, has set for the attribute.
     ValuePtr const* P_FindOwn(void* given) const {
         Content const* const content = AsSubject(given).content;
-        return content != nullptr ? content->FindOwnValue(m_attribute - 1) : nullptr;
+        return content != nullptr ? content->FindOwnValue(m_place.attribute - 1) : nullptr;
     }
 
 private:
     bool P_Read(Content const& content, Scalar& value, qzString& scratch) const {
-        ValuePtr const* const held = content.FindValue(m_attribute - 1);
+        ValuePtr const* const held = content.FindValue(m_place.attribute - 1);
         if (held == nullptr || m_read(*held, value, scratch))
             return held != nullptr;
-        auto* const read = GetQueryType(content.GetDefinition(m_attribute - 1)).read;
+        auto* const read = GetQueryType(content.GetDefinition(m_place.attribute - 1)).read;
         return read != nullptr && read(*held, value, scratch);
     }
 
-    unsigned int m_attribute;
+    Place m_place;
     decltype(QueryType::read) m_read;
     std::unique_ptr<IProperty> m_byName;
 };
@@ -89,13 +98,13 @@ public:
 /// An attribute that has no value for queries unless the object's own definition says so.
 bool ReadNothing(ValuePtr const&, Scalar&, qzString&) { return false; }
 
-std::unique_ptr<IProperty> MakeProperty(unsigned int attribute, Definition const* definition,
+std::unique_ptr<IProperty> MakeProperty(Place const& place, Definition const* definition,
                                         std::unique_ptr<IProperty> byName) {
     QueryType type = GetQueryType(definition);
     if (type.read == nullptr)
         type.read = ReadNothing;
     auto const make = [&]<class Property>() {
-        return std::make_unique<Property>(attribute, type, std::move(byName));
+        return std::make_unique<Property>(place, type, std::move(byName));
     };
     switch (DataTypeUtils::GetValueDataType(definition)) {
     case DT_BOOL:
@@ -127,15 +136,28 @@ std::unique_ptr<IProperty> TypeDataInterface::Bind(qzString const& property) {
     if (IsIdProperty(property))
         return std::make_unique<IdProperty>();
     auto byName = DataInterface::Bind(property);
-    unsigned int const attribute =
-        m_registry != nullptr ? m_registry->FindAttributeHandle(m_metaclass, Identifier(property), 0, true)
-                              : 0;
+    unsigned int const attribute = P_FindAttribute(m_metaclass, property);
     if (attribute == 0) {
         m_unknown.push_back(property);
         return byName;
     }
     m_attributes.push_back(attribute);
-    return MakeProperty(attribute, m_registry->GetDefinition(m_metaclass, attribute, 0), std::move(byName));
+    return MakeProperty({attribute, P_IsInDescendants(attribute, property)},
+                        m_registry->GetDefinition(m_metaclass, attribute, 0), std::move(byName));
+}
+
+unsigned int TypeDataInterface::P_FindAttribute(unsigned int metaclass, qzString const& property) const {
+    return m_registry != nullptr ? m_registry->FindAttributeHandle(metaclass, Identifier(property), 0, true)
+                                 : 0;
+}
+
+/// What a type gains after its children stands in another place there.
+bool TypeDataInterface::P_IsInDescendants(unsigned int attribute, qzString const& property) const {
+    qzStlVector<unsigned int> descendants;
+    m_registry->FindChildrenHandles(m_metaclass, descendants, true, false);
+    return std::ranges::all_of(descendants, [&](unsigned int metaclass) {
+        return P_FindAttribute(metaclass, property) == attribute;
+    });
 }
 
 } // namespace qzDescriptor

@@ -30,6 +30,9 @@ public:
     std::vector<qzString> const& GetUnknown() const { return m_unknown; }
 
 private:
+    unsigned int P_FindAttribute(unsigned int metaclass, qzString const& property) const;
+    bool P_IsInDescendants(unsigned int attribute, qzString const& property) const;
+
     MetaclassMgr const* m_registry;
     unsigned int m_metaclass;
     std::vector<unsigned int> m_attributes;

@@ -24,6 +24,9 @@ void Put(qzVariant& out, char value) { out.SetString(qzString(1, value)); }
 void Put(qzVariant& out, unsigned char value) { out.SetString(qzString(1, static_cast<char>(value))); }
 void Put(qzVariant& out, qzString const& value) { out.SetString(value); }
 
+// Lists have no value, even where a definition leads to expect one element.
+bool IsOneElement(ValuePtr const& value) { return value.GetArrayDimension() == 0; }
+
 template <class T>
 bool ReadVariant(ValuePtr const& value, qzVariant& out) {
     T element{};
@@ -38,7 +41,7 @@ bool ReadNumber(ValuePtr const& value, Scalar& out, [[maybe_unused]] qzString& s
     T number{};
     if (auto const* const scalar = ScalarStorage<T>::Of(&value))
         number = scalar->m_value;
-    else if (!value.GetValue(number, 0u, 0u))
+    else if (!IsOneElement(value) || !value.GetValue(number, 0u, 0u))
         return false;
     PutNumber(out, number);
     return true;
@@ -47,7 +50,7 @@ bool ReadNumber(ValuePtr const& value, Scalar& out, [[maybe_unused]] qzString& s
 template <class T>
 bool ReadCharacter(ValuePtr const& value, Scalar& out, qzString& scratch) {
     T character{};
-    if (!value.GetValue(character, 0u, 0u))
+    if (!IsOneElement(value) || !value.GetValue(character, 0u, 0u))
         return false;
     scratch.assign(1, static_cast<char>(character));
     out.SetText(scratch);
@@ -55,6 +58,8 @@ bool ReadCharacter(ValuePtr const& value, Scalar& out, qzString& scratch) {
 }
 
 bool ReadText(ValuePtr const& value, Scalar& out, qzString& scratch) {
+    if (!IsOneElement(value))
+        return false;
     if (qzString const* const text = value.GetValuePointerString(0, 0)) {
         out.SetText(*text);
         return true;

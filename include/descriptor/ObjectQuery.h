@@ -10,8 +10,8 @@
 
 namespace qzDescriptor {
 
-/// A query that is read once and asked of many objects of one type: what `ISession::Collect` filters with,
-/// for sessions that know a faster way to their objects.
+/// A query that is read once and asked of many objects of one type or its descendants: what
+/// `ISession::Collect` filters with, for sessions that know a faster way to their objects.
 ///
 ///     ObjectQuery const thick(session, EntityFullType("Ply"), "T > 0.002");
 ///     for (Metaobject const* const ply : plies)
@@ -37,7 +37,8 @@ public:
 
     /// Null is an object without any value.
     bool Matches(Metaobject const* object) const;
-    /// The same of the object with this id whose values these are, without a detour by the object.
+    /// The same of the object with this id whose values these are, without a detour by the object. The
+    /// content is of the type itself, not of a descendant.
     bool Matches(Content const& content, unsigned int id) const;
     /// Which conditions decide about an object; nothing when the text cannot be read.
     ui::selexpr::Explanation Explain(Metaobject const* object) const;

@@ -71,6 +71,8 @@ TEST(QueryError, OffsetsCountBytesAndPositionsCharacters) {
     EXPECT_EQ(filter.GetError().position, 6u);
     EXPECT_EQ(filter.GetError().found, "')'");
     EXPECT_EQ(filter.GetError().expected, "a value");
+    EXPECT_EQ(Parse(filter, "a " + qzString(1000, '\xB2')), nullptr);
+    EXPECT_LT(filter.GetError().found.size(), 50u) << "bytes that are no UTF-8 are characters too";
 }
 
 qzString Repeat(qzString const& text, std::size_t count) {
@@ -80,7 +82,7 @@ qzString Repeat(qzString const& text, std::size_t count) {
     return repeated;
 }
 
-TEST(QueryError, NestingEndsAt200LevelsAndChainsNever) {
+TEST(QueryError, NestingEndsAt200LevelsTextsAt16MegabytesAndChainsNever) {
     Data data;
     Filter filter(&data);
     for (qzString const& level : {qzString("("), qzString("not ")}) {
@@ -92,6 +94,9 @@ TEST(QueryError, NestingEndsAt200LevelsAndChainsNever) {
         EXPECT_EQ(Parse(filter, Repeat(level, 1'000'000)), nullptr) << level;
     }
     Object object{{"a", Integer(1)}};
+    EXPECT_EQ(Parse(filter, "a = " + qzString(16'000'000, '1')), nullptr);
+    EXPECT_EQ(filter.GetError().message,
+              "at 16000001: found '1111', expected the end: texts have at most 16 MB");
     auto const chain = Parse(filter, "a = 2" + Repeat(" or (a = 3)", 20'000) + " or not a = 5");
     ASSERT_NE(chain, nullptr);
     EXPECT_TRUE(chain->Matches(&object));

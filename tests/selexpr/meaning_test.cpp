@@ -226,19 +226,21 @@ TEST(Query, StarsCostTheProductOfLengths) {
 }
 
 TEST(Query, LongListsAreSearchedByHalving) {
-    qzString list = "n in -1";
-    for (int k = 0; k < 20'000; ++k)
-        list += "," + std::to_string(3 * k);
     Data data;
     Filter filter(&data);
-    auto const request = Parse(filter, list);
-    ASSERT_NE(request, nullptr);
-    int found = 0;
-    for (int k = 0; k < 30'000; ++k) {
-        Object object{{"n", Integer(k)}};
-        found += request->Matches(&object) ? 1 : 0;
+    for (bool const hasSteps : {false, true}) {
+        qzString list = "n in -1";
+        for (int k = 0; k < 30'000; ++k)
+            list += "," + std::to_string(3 * k) + (hasSteps ? ":" + std::to_string(3 * k + 1) + ":2" : "");
+        auto const request = Parse(filter, list);
+        ASSERT_NE(request, nullptr);
+        int found = 0;
+        for (int k = 0; k < 30'000; ++k) {
+            Object object{{"n", Integer(k)}};
+            found += request->Matches(&object) ? 1 : 0;
+        }
+        EXPECT_EQ(found, 10'000);
     }
-    EXPECT_EQ(found, 10'000);
 }
 
 } // namespace

@@ -159,10 +159,14 @@ private:
         list.test = [](Object const&) { return false; };
         unsigned const count = 1 + m_random.Below(3);
         for (unsigned k = 0; k < count; ++k) {
+            list.text += k == 0 ? "" : ",";
+            if (m_random.Chance(3)) {
+                P_AddSteps(name, list);
+                continue;
+            }
             Literal const first = m_random.Pick(s_literals);
             Literal const last = m_random.Pick(s_literals);
-            list.text +=
-                (k == 0 ? "" : ",") + P_Blank() + first.text + P_Blank() + ":" + P_Blank() + last.text;
+            list.text += P_Blank() + first.text + P_Blank() + ":" + P_Blank() + last.text;
             list.test = [=, others = list.test](Object const& object) {
                 qzVariant const& value = object.at(name);
                 return others(object) || (Compare(value, first, ">=") && Compare(value, last, "<=")) ||
@@ -170,6 +174,23 @@ private:
             };
         }
         return list;
+    }
+
+    void P_AddSteps(qzString const& name, Request& list) {
+        int const first = static_cast<int>(m_random.Below(9)) - 4;
+        int const step = static_cast<int>(1 + m_random.Below(3)) * (m_random.Chance(2) ? 1 : -1);
+        int const last = first + step * static_cast<int>(m_random.Below(3)) + (step > 1 ? 1 : 0);
+        list.text += std::to_string(first) + ":" + std::to_string(last) + ":" + std::to_string(step);
+        list.test = [=, others = list.test](Object const& object) {
+            if (others(object))
+                return true;
+            for (int k = first; step > 0 ? k <= last : k >= last; k += step) {
+                auto const number = static_cast<float>(k);
+                if (Compare(object.at(name), {"", number, number, number}, "="))
+                    return true;
+            }
+            return false;
+        };
     }
 
     qzString P_Blank(bool needed = false) { return m_random.Pick({needed ? " " : "", " ", "\n \t"}); }
@@ -221,6 +242,14 @@ TEST(RandomQueries, MeanWhatANaiveEvaluationSaysAndAreReadBackAsWritten) {
     EXPECT_LT(matching, 17'500);
 }
 
+/// An e in its two bytes of UTF-8, and a 2 as the raised one of Latin-1, which is no UTF-8.
+qzString Encode(qzString const& letters) {
+    qzString bytes;
+    for (char const c : letters)
+        bytes += c == 'e' ? "\xC3\xA9" : c == '2' ? "\xB2" : qzString(1, c);
+    return bytes;
+}
+
 TEST(RandomQueries, WildcardsFitAsTheirMeaningSays) {
     Random random;
     SCOPED_TRACE(random.GetSeed());
@@ -232,15 +261,19 @@ TEST(RandomQueries, WildcardsFitAsTheirMeaningSays) {
             made += letters[random.Below(static_cast<unsigned>(qzString(letters).size()))];
         return made;
     };
-    for (int round = 0; round < 2'000; ++round) {
-        qzString const pattern = word("abA*?", 8);
-        auto const request = Parse(filter, "s = '" + pattern + "'");
-        ASSERT_NE(request, nullptr) << pattern;
+    for (int round = 0; round < 3'000; ++round) {
+        qzString const pattern = word(random.Chance(3) ? "abA**" : "abA*?e2", 8);
+        qzString const part = word("abAe2", 3);
+        auto const request = Parse(filter, "s = '" + Encode(pattern) + "'");
+        auto const bare = Parse(filter, "'" + Encode(part) + "'");
+        ASSERT_TRUE(request && bare) << pattern << ' ' << part;
         for (int k = 0; k < 10; ++k) {
-            qzString const text = word("aBb", 10);
-            Object object{{"s", Text(text)}};
+            qzString const text = word("aBbe2", 12);
+            Object object{{"s", Text(Encode(text))}, {"name", Text(Encode(text))}};
             ASSERT_EQ(request->Matches(&object), Fits(pattern.c_str(), text.c_str()))
                 << pattern << ' ' << text;
+            ASSERT_EQ(bare->Matches(&object), Fits(("*" + part + "*").c_str(), text.c_str()))
+                << part << ' ' << text;
         }
     }
 }

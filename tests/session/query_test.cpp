@@ -169,6 +169,31 @@ TEST_F(Queries, SeeAnAttributeThatOneObjectHasOtherwise) {
     // What does not even fit the object's own definition has no value.
     ASSERT_TRUE(content.SetValueUnchecked(4, Value(3.0)));
     EXPECT_EQ(Find("count = 3"), (Ids{1}));
+    // A list has no value, even where the others have one number.
+    Definition list;
+    list.SetValueBasicType(BT_INT);
+    list.SetArrayDimension(1);
+    ASSERT_TRUE(content.ReplaceDefinition(4, std::make_shared<Definition const>(list)));
+    ASSERT_EQ(content.SetValue(4, Content::MakeValue(qzStlVector<int>{3})).message, "");
+    EXPECT_EQ(Find("count = 3"), (Ids{1}));
+}
+
+TEST_F(Queries, FindTheAttributesOfADescendantWhereItHasThem) {
+    Definition number;
+    number.SetValueBasicType(BT_INT);
+    unsigned int const ply = registry.GetMetaclassHandle(type);
+    unsigned int const core = registry.Insert("Core", Version(), "Ply", MetaclassMgr::CONFIG_USAGE_NONE, "");
+    registry.InsertAttribute(core, Identifier("own"), number, Identifier(), {});
+    registry.InsertAttribute(ply, Identifier("later"), number, Identifier(), {});
+    Entity created;
+    ASSERT_EQ(session.Create(EntityFullType("Core"), created, Entity(), Identifier()).message, "");
+    Metaobject const& object = *session.Get(created);
+    Set(object, "own", 4);
+    Set(object, "later", 5);
+    EXPECT_TRUE(ObjectQuery(session, type, "later = 5").Matches(&object));
+    EXPECT_FALSE(ObjectQuery(session, type, "later = 4").Matches(&object));
+    EXPECT_EQ(ObjectQuery(session, type, "later = 4").Explain(&object).GetText(),
+              "later = 4 is false: later is 5");
 }
 
 TEST_F(Queries, AreAskedOfWhatADerivedSessionLists) {

@@ -53,9 +53,10 @@ qzString Write(Literal const& literal) { return literal.isNumber ? literal.text 
 
 qzString Write(WrittenItem const& item) {
     qzString text = Write(item.first);
-    for (auto const* const part : {&item.last, &item.step})
-        if (*part)
-            text += ":" + Write(**part);
+    if (item.range)
+        text += ":" + Write(item.range->last);
+    if (item.range && item.range->step)
+        text += ":" + Write(*item.range->step);
     return text;
 }
 
@@ -84,8 +85,8 @@ std::optional<Refusal> CompiledCondition::Compile(bool exactCaseSensitive) {
 
 std::optional<Refusal> CompiledCondition::P_AddItem(WrittenItem const& item, bool exactCaseSensitive) {
     if (m_condition == CONDITION_REGEX)
-        return item.last ? Refusal{&item.first, "a regular expression"} : P_AddRegex(item.first);
-    if (item.last)
+        return item.range ? Refusal{&item.first, "a regular expression"} : P_AddRegex(item.first);
+    if (item.range)
         P_AddRange(item);
     else if (P_IsOneSided())
         P_AddSide(item.first);
@@ -101,9 +102,9 @@ bool CompiledCondition::P_IsOneSided() const {
 
 void CompiledCondition::P_AddRange(WrittenItem const& item) {
     Number const first = NumberOf(item.first);
-    Number const last = NumberOf(*item.last);
-    if (item.step) {
-        long long const stride = NumberOf(*item.step).floor;
+    Number const last = NumberOf(item.range->last);
+    if (item.range->step) {
+        long long const stride = NumberOf(*item.range->step).floor;
         m_numbers.AddSteps(first.floor, last.floor, stride);
         m_textNumbers.AddSteps(first.floor, last.floor, stride);
         return;

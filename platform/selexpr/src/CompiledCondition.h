@@ -23,11 +23,16 @@ struct Literal {
     std::size_t size = 0;
 };
 
-/// One entry of a list: a value, or a range from one to another, maybe in steps.
+/// One entry of a list: a value, or a range from one to another, maybe in steps. Lists are long, and most of
+/// their entries are values.
 struct WrittenItem {
+    struct Range {
+        Literal last;
+        std::optional<Literal> step;
+    };
+
     Literal first;
-    std::optional<Literal> last;
-    std::optional<Literal> step;
+    std::unique_ptr<Range> range;
 };
 
 /// A condition as it is written.

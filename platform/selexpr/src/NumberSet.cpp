@@ -38,19 +38,22 @@ void NumberSet::AddSteps(long long first, long long last, long long stride) {
     auto const unsignedOf = [](long long value) { return static_cast<unsigned long long>(value); };
     m_isEmpty = false;
     if (stride > 0) {
-        m_steps.push_back({first, last, unsignedOf(stride)});
+        m_steps.push_back({first, last, unsignedOf(stride), last});
         return;
     }
     unsigned long long const size = 0 - unsignedOf(stride);
     unsigned long long const distance = unsignedOf(first) - unsignedOf(last);
     auto const lowest = static_cast<long long>(unsignedOf(first) - distance / size * size);
-    m_steps.push_back({lowest, first, size});
+    m_steps.push_back({lowest, first, size, first});
 }
 
 void NumberSet::Seal() {
     m_integers.Seal();
     m_doubles.Seal();
     m_singles.Seal();
+    std::ranges::sort(m_steps, {}, &Steps::low);
+    for (std::size_t k = 1; k < m_steps.size(); ++k)
+        m_steps[k].reach = std::max(m_steps[k - 1].reach, m_steps[k].high);
 }
 
 bool NumberSet::Contains(Number const& number) const {
@@ -58,12 +61,14 @@ bool NumberSet::Contains(Number const& number) const {
 }
 
 bool NumberSet::P_IsOnAnyStep(long long value) const {
-    return std::ranges::any_of(m_steps, [value](Steps const& steps) {
-        return steps.low <= value && value <= steps.high &&
-               (static_cast<unsigned long long>(value) - static_cast<unsigned long long>(steps.low)) %
-                       steps.stride ==
-                   0;
-    });
+    auto steps = std::ranges::upper_bound(m_steps, value, {}, &Steps::low);
+    while (steps != m_steps.begin() && (--steps)->reach >= value) {
+        auto const distance =
+            static_cast<unsigned long long>(value) - static_cast<unsigned long long>(steps->low);
+        if (value <= steps->high && distance % steps->stride == 0)
+            return true;
+    }
+    return false;
 }
 
 bool NumberSet::P_IsOnAnyStep(double value) const {

@@ -26,6 +26,7 @@ private:
         long long low;
         long long high;
         unsigned long long stride;
+        long long reach; ///< the highest of these steps and those that stand before them
     };
 
     bool P_IsOnStep(long long value) const { return !m_steps.empty() && P_IsOnAnyStep(value); }
@@ -36,7 +37,7 @@ private:
     IntervalSet<long long> m_integers;
     IntervalSet<double> m_doubles;
     IntervalSet<float> m_singles;
-    std::vector<Steps> m_steps;
+    std::vector<Steps> m_steps; ///< sorted by their lowest
     bool m_isEmpty = true;
 };
 

@@ -8,6 +8,7 @@ namespace ui::selexpr {
 namespace {
 
 constexpr unsigned s_deepest = 200;
+constexpr std::size_t s_longest = 16'000'000; // in bytes; each may take two hundred of memory
 
 constexpr std::pair<Token::Kind, Operator> s_comparisons[] = {
     {Token::Kind::Equal, Operator::Equal},
@@ -33,6 +34,10 @@ bool EndsCondition(Token const& token) {
 } // namespace
 
 std::unique_ptr<IRequest> Parser::Parse() {
+    if (m_text.size() > s_longest) {
+        P_Fail(s_longest, m_text.size() - s_longest, "the end: texts have at most 16 MB");
+        return nullptr;
+    }
     P_Advance();
     if (!P_Query() || (m_token.kind != Kind::End && !P_Fail(P_WhatMayFollow())))
         return nullptr;
@@ -108,7 +113,7 @@ bool Parser::P_Condition() {
     P_Advance();
     if (!EndsCondition(m_token) && m_token.kind != Kind::Comma)
         return P_Operation(written) && P_Add(std::move(written));
-    written.items.push_back({std::exchange(written.property, {}), {}, {}});
+    written.items.emplace_back().first = std::exchange(written.property, {});
     return (!P_Take(Kind::Comma) || P_Bare(written)) && P_Add(std::move(written));
 }
 
@@ -156,21 +161,22 @@ bool Parser::P_Item(WrittenItem& item) {
 
 bool Parser::P_RangeRest(WrittenItem& item) {
     P_Advance();
-    if (!P_Number(item.last.emplace()))
+    item.range = std::make_unique<WrittenItem::Range>();
+    if (!P_Number(item.range->last))
         return false;
-    return !P_Take(Kind::Colon) || (P_Number(item.step.emplace()) && P_CheckSteps(item));
+    return !P_Take(Kind::Colon) || (P_Number(item.range->step.emplace()) && P_CheckSteps(item));
 }
 
 bool Parser::P_CheckSteps(WrittenItem const& item) {
     Number numbers[3];
-    Literal const* const literals[] = {&item.first, &*item.last, &*item.step};
+    Literal const* const literals[] = {&item.first, &item.range->last, &*item.range->step};
     for (int k = 0; k < 3; ++k)
         if (!ReadNumber(literals[k]->text, numbers[k]) || !numbers[k].IsInteger())
             return P_Fail(*literals[k], "an integer of 64 bits");
     auto const& [first, last, step] = numbers;
     bool const leads = step.floor > 0 ? first.floor <= last.floor : first.floor >= last.floor;
     return (leads && step.floor != 0) ||
-           P_Fail(*item.step, "a step that leads from " + item.first.text + " to " + item.last->text);
+           P_Fail(*literals[2], "a step that leads from " + literals[0]->text + " to " + literals[1]->text);
 }
 
 bool Parser::P_Value(Literal& literal) {
@@ -190,12 +196,12 @@ bool Parser::P_Number(Literal& literal) {
 namespace {
 
 bool HasRange(WrittenCondition const& written) {
-    return std::ranges::any_of(written.items, [](WrittenItem const& item) { return item.last.has_value(); });
+    return std::ranges::any_of(written.items, [](WrittenItem const& item) { return item.range != nullptr; });
 }
 
 bool HoldsForValues(WrittenCondition const& written, auto&& isOne) {
     return std::ranges::all_of(written.items, [&](WrittenItem const& item) {
-        return isOne(item.first) && (!item.last || isOne(*item.last));
+        return isOne(item.first) && (!item.range || isOne(item.range->last));
     });
 }
 

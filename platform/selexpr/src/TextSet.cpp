@@ -1,5 +1,4 @@
 #include "TextSet.h"
-#include "ascii.h"
 
 #include <algorithm>
 
@@ -13,19 +12,7 @@ bool IsAmong(std::vector<qzString> const& sortedFolded, std::string_view text) {
     return place != sortedFolded.end() && CompareToFolded(text, *place) == 0;
 }
 
-bool HasPart(std::string_view text, std::string_view folded) {
-    auto const sameLetter = [](char left, char right) { return Fold(left) == right; };
-    return std::search(text.begin(), text.end(), folded.begin(), folded.end(), sameLetter) != text.end() ||
-           folded.empty();
-}
-
 } // namespace
-
-qzString TextSet::P_Fold(std::string_view text) {
-    qzString folded(text);
-    std::ranges::transform(folded, folded.begin(), Fold);
-    return folded;
-}
 
 void TextSet::Seal() {
     std::ranges::sort(m_equal);
@@ -39,7 +26,9 @@ bool TextSet::Contains(std::string_view text) const {
 }
 
 bool TextSet::P_ContainsByText(std::string_view text) const {
-    auto const isPart = [text](qzString const& part) { return HasPart(text, part); };
+    auto const isPart = [text](SearchedText const& part) {
+        return part.FindEnd(text) != std::string_view::npos;
+    };
     auto const isOnSide = [text](Half const& half) { return half.Contains(text); };
     return IsAmong(m_equal, text) ||
            std::ranges::binary_search(m_exact, text, std::less<std::string_view>()) ||

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "SearchedText.h"
 #include "Wildcard.h"
+#include "ascii.h"
 
 #include <vector>
 
@@ -11,12 +13,12 @@ class TextSet {
 public:
     enum class Side { Below, UpTo, From, Above };
 
-    void AddEqual(std::string_view text) { m_equal.push_back(P_Fold(text)); }
+    void AddEqual(std::string_view text) { m_equal.push_back(FoldText(text)); }
     void AddExact(std::string_view text) { m_exact.emplace_back(text); }
-    void AddPart(std::string_view text) { m_parts.push_back(P_Fold(text)); }
+    void AddPart(std::string_view text) { m_parts.emplace_back(text); }
     void AddPattern(std::string_view pattern) { m_patterns.emplace_back(pattern); }
     /// All texts on one side of another, by their bytes, ignoring ASCII case.
-    void AddSide(Side side, std::string_view text) { m_sides.push_back({side, P_Fold(text)}); }
+    void AddSide(Side side, std::string_view text) { m_sides.push_back({side, FoldText(text)}); }
     /// To be called between the last addition and the first question.
     void Seal();
 
@@ -30,13 +32,12 @@ private:
         qzString end;
     };
 
-    static qzString P_Fold(std::string_view text);
     bool P_ContainsByText(std::string_view text) const;
 
     std::vector<Wildcard> m_patterns;
     std::vector<qzString> m_equal; ///< sorted, as m_exact is
     std::vector<qzString> m_exact;
-    std::vector<qzString> m_parts;
+    std::vector<SearchedText> m_parts;
     std::vector<Half> m_sides;
     bool m_hasOnlyPatterns = true;
 };

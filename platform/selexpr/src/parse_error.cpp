@@ -1,8 +1,6 @@
 #include "parse_error.h"
 #include "ascii.h"
 
-#include <algorithm>
-
 namespace ui::selexpr {
 
 namespace {
@@ -26,7 +24,10 @@ qzString Shorten(std::string_view text) {
 }
 
 std::size_t CountCharacters(std::string_view text) {
-    return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, IsContinuation));
+    std::size_t count = 0;
+    for (std::size_t place = 0; place < text.size(); place = NextCharacter(text, place))
+        ++count;
+    return count;
 }
 
 } // namespace
