@@ -131,6 +131,54 @@ TEST_F(EmbeddedPython, OutlivesWhatItHolds) {
     EXPECT_THAT(output, HasSubstr("Ended: the registry has ended"));
 }
 
+TEST_F(EmbeddedPython, KeepsAnObjectThatLetsGoOfItselfUntilTheNextIsAsked) {
+    ASSERT_TRUE(python->Execute(R"(
+class Row(qzdescriptor.CustomObject):
+    def read_value(self, attribute):
+        self.session.delete(self.entity)
+        return [0.5] * 1000
+    def __del__(self):
+        ended.append(self.entity.id)
+
+class Rows(qzdescriptor.CustomSession):
+    def __init__(self, name, registry):
+        super().__init__(name, registry)
+        self.rows = {id: Row(self, qzdescriptor.Entity("Row", id)) for id in (1, 2)}
+    def get_object(self, entity):
+        return self.rows.get(entity.id)
+    def delete_entity(self, entity):
+        self.rows.pop(entity.id, None)
+
+ended = []
+tables = qzdescriptor.Registry()
+tables.insert("Row")
+tables.insert_attribute("Row", "T", qzdescriptor.Definition("T", list[float]))
+Rows("rows", tables)
+qzdescriptor.set_script_registry(tables)
+)",
+                                output))
+        << output;
+    ISession* const rows = GetScriptRegistry()->GetSession("rows");
+    Metaobject const* const first = rows->Get(Entity(EntityFullType("Row"), 1));
+    Metaobject const* const second = rows->Get(Entity(EntityFullType("Row"), 2));
+    ValuePtr const* value = nullptr;
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_TRUE(first->GetValue(Identifier("T"), value));
+        EXPECT_EQ(Evaluate("ended"), "[]\n");
+        EXPECT_EQ(value->GetValuePointerDoubleList()->back(), 0.5);
+    }
+    ASSERT_TRUE(second->GetValue(Identifier("T"), value));
+    EXPECT_EQ(Evaluate("ended"), "[1]\n");
+    EXPECT_EQ(value->GetValuePointerDoubleList()->back(), 0.5);
+    EXPECT_EQ(Evaluate("qzdescriptor.set_script_registry(None)"), "None\n");
+}
+
+TEST_F(EmbeddedPython, TellsOfExceptionsWhoseTextFails) {
+    EXPECT_FALSE(
+        python->Execute("class Mute(BaseException):\n    def __str__(self): raise Mute\nraise Mute", output));
+    EXPECT_THAT(output, HasSubstr("Mute"));
+}
+
 TEST_F(EmbeddedPython, HearsSignalsByTheNameOfAFunction) {
     ISession* const session = registry.GetSession("s");
     ASSERT_TRUE(python->Execute("heard = []\ndef hear(name): heard.append(name)\n"

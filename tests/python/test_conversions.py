@@ -37,6 +37,47 @@ def test_sequences_are_taken_as_they_were(count, take):
     assert take(items) == [1] * count
 
 
+def raising(kind):
+    def work():
+        raise kind("meanwhile")
+    return work
+
+
+class Sequence(list):
+    """A sequence that cannot be gone through, and an object that says nothing of itself."""
+
+    def __init__(self, kind):
+        super().__init__([1])
+        self.work = raising(kind)
+
+    def __iter__(self):
+        self.work()
+
+    def __getattr__(self, name):
+        self.work()
+
+
+TAKES = [
+    lambda kind: qz.Value(Saboteur(raising(kind)), float),
+    lambda kind: qz.Value(Saboteur(raising(kind)), int),
+    lambda kind: qz.Value(type("numpy.bool_", (), {"__bool__": lambda self: raising(kind)()})(), bool),
+    lambda kind: qz.Value([Saboteur(raising(kind))], list[float]),
+    lambda kind: qz.Value(Sequence(kind), list[float]),
+    lambda kind: qz.Value(Sequence(kind), list[str]),
+    lambda kind: qz.Value({"a": [Saboteur(raising(kind))]}, qz.Tabular),
+    lambda kind: qz.Definition("T", float, default=Saboteur(raising(kind))),
+]
+
+
+@pytest.mark.parametrize("take", TAKES)
+def test_only_what_ends_a_program_goes_through_conversions(take):
+    for kind in (KeyboardInterrupt, SystemExit, GeneratorExit):
+        with pytest.raises(kind, match="meanwhile"):
+            take(kind)
+    with pytest.raises(qz.Refused):
+        take(ValueError)
+
+
 def test_mappings_are_taken_as_they_were():
     values = {}
     values.update({f"name{i}": Saboteur(values.clear, i) for i in range(100)})

@@ -20,7 +20,8 @@ IDENTITIES = [
 
 @pytest.mark.parametrize("value", IDENTITIES, ids=lambda value: ascii(value))
 def test_identities_are_copied_and_pickled(value):
-    for again in (copy.copy(value), copy.deepcopy([value])[0], pickle.loads(pickle.dumps(value))):
+    pickled = [pickle.loads(pickle.dumps(value, protocol)) for protocol in range(pickle.HIGHEST_PROTOCOL + 1)]
+    for again in (copy.copy(value), copy.deepcopy([value])[0], *pickled):
         assert again == value and repr(again) == repr(value) and type(again) is type(value)
 
 
@@ -63,11 +64,19 @@ def test_what_cannot_be_pickled_says_so(registry, session):
     for thing in (registry, session, ply, registry.members("Ply"), qz.Content(registry.members("Ply")),
                   qz.Attribute(ply, "T"), qz.Definition("T", float), qz.ActionDefinition("A", print),
                   qz.MetaobjectCollection(session), session.on_event(print)):
-        with pytest.raises(TypeError, match="pickle"):
-            pickle.dumps(thing)
+        for protocol in range(pickle.HIGHEST_PROTOCOL + 1):
+            with pytest.raises(TypeError, match="pickle"):
+                pickle.dumps(thing, protocol)
     for thing in (registry, session, ply):
         with pytest.raises(TypeError, match="pickle"):
             copy.deepcopy(thing)
+
+
+def test_the_base_of_all_classes_has_no_instances():
+    base = qz.Entity.__base__
+    for make in (base, lambda: base.__new__(base), type("Bare", (base,), {})):
+        with pytest.raises(TypeError, match="cannot create instances"):
+            make()
 
 
 def test_texts_are_any_bytes(registry):

@@ -1,6 +1,7 @@
 """Scripts whose objects and hooks end what is just being read: nothing of it may crash."""
 
 import gc
+import inspect
 
 import pytest
 
@@ -190,3 +191,95 @@ def test_actions_are_given_the_object_itself(held):
     row = Renewed("a", held[0]).get(FIRST)
     row.invoke("look")
     assert seen[0] is row and seen[0]["T"] == 2
+
+
+@pytest.mark.parametrize("how", ["entity", "session", "registry"])
+def test_an_enabled_test_that_ends_its_object_disables_the_action(held, how):
+    def ends(row):
+        if how == "entity":
+            session.delete(row)
+        elif how == "session":
+            held[0].remove_session(session)
+        else:
+            let_go(held)
+
+    held[0].insert_action("Row", "look", qz.ActionDefinition("Look", lambda row: "seen", enabled_test=ends))
+    session = held[0].session("a")
+    rows = [session.create("Row") for _ in range(2)]
+    assert not rows[0].is_action_enabled("look") and not rows[0].is_alive
+    with pytest.raises((qz.Refused, qz.Ended)):
+        rows[1].invoke("look")
+
+
+HOOKS = [name for name, member in vars(qz.CustomObject).items() if name.startswith(("list_", "read_", "write_", "run_"))]
+ASKS = [
+    lambda row: row["T"], lambda row: row.__setitem__("T", 3.0), lambda row: row.text("T"), lambda row: row.set_text("T", "4"),
+    lambda row: row.attributes, lambda row: row.definition("T"), lambda row: row.allowables("T"),
+    lambda row: row.set_allowables("T", qz.Allowables(float, default=5.0, above=4)), lambda row: row.display_status("T"),
+    lambda row: row.set_display_status("T", 1), lambda row: row.actions, lambda row: row.is_action_enabled("look"),
+    lambda row: row.is_action_visible("look"), lambda row: row.invoke("look"), lambda row: row.owner, lambda row: row.name,
+    lambda row: row.data_operations,
+]
+
+
+@pytest.mark.parametrize("hook", HOOKS)
+@pytest.mark.parametrize("fails", [False, True])
+def test_hooks_may_let_go_of_their_object(held, reports, hook, fails):
+    def let_go_of_row(self, *arguments):
+        rows.clear()
+        if fails:
+            raise ValueError("let go")
+        return 2.0 if hook == "read_value" else getattr(super(Row, self), hook)(*arguments)
+
+    held[0].insert_action("Row", "look", qz.ActionDefinition("Look", lambda row: "seen"))
+    session = held[0].session("a")
+    kind = type("Fleeting", (Row,), {"write_value": lambda self, *_: None, hook: let_go_of_row})
+    views = [lambda view: view.value, lambda view: view.is_set, lambda view: view.type, lambda view: setattr(view, "value", 3.0)]
+    for ask in ASKS + views:
+        rows = [kind(session, FIRST)]
+        try:
+            if ask in views:
+                view = qz.Attribute(rows[0], "T")
+                ask(view)
+            else:
+                ask(rows[0])
+        except (qz.Refused, qz.Ended, KeyError):
+            pass
+
+
+def test_methods_are_not_called_on_nothing():
+    functions = [function for name in qz.__all__ if inspect.isclass(kind := vars(qz)[name])
+                 for member in vars(kind).values() for function in (getattr(member, "fget", member), getattr(member, "fset", None))
+                 if type(function).__name__ in ("instancemethod", "builtin_function_or_method")]
+    assert len(functions) > 500
+    for function in functions:
+        for arguments in [(None,), (None, 1)]:
+            try:
+                function(*arguments)
+            except Exception:  # TypeError mostly; some may be called on anything
+                pass
+
+
+def test_exceptions_without_a_text_are_told(held, capfd, monkeypatch):
+    import sys
+    monkeypatch.setattr(sys, "unraisablehook", sys.__unraisablehook__)
+
+    class Mute(BaseException):
+        def __str__(self):
+            raise Mute
+
+    def fail(event):
+        raise Mute
+
+    session = held[0].session("a")
+    session.on_event(fail)
+    session.create("Row")
+    assert "Mute: <exception str() failed>" in capfd.readouterr().err
+
+
+def test_hooks_that_call_themselves_for_ever_fail(capfd):
+    class Endless(qz.Registry):
+        def create_session(self, name):
+            return self.session(name)
+
+    assert Endless().session("a") is None

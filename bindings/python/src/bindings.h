@@ -76,6 +76,12 @@ inline void Check(bool succeeded, char const* message) {
         throw Refused(message);
 }
 
+/// Ends an exception of Python, if any, that says no more than that an object is none of the kind. Those that
+/// are no `Exception`, as KeyboardInterrupt, are nobody's answer and go on.
+void ClearRefusal();
+/// Whether an object has an attribute; exceptions as above.
+bool HasAttribute(py::handle object, char const* name);
+
 /// Where exceptions go that nobody waits for: to sys.unraisablehook, where somebody has set it, else where
 /// the failures of scripts go. Of the exception that is being handled.
 void ReportFailure() noexcept;

@@ -204,21 +204,27 @@ qzReturnStatus ToStatus(py::object const& given) {
     return {};
 }
 
-/// The native callback of an action that calls a Python function with the object.
-ActionDefinition::Function ToCallback(py::object const& function) {
+/// What a Python function is for an action: its callback, or its enabled test.
+enum class Role { Callback, EnabledTest };
+
+/// The function of C++ that calls a Python function with the object.
+ActionDefinition::Function ToFunction(py::object const& function, Role role) {
     if (function.is_none())
         return nullptr;
-    return [kept = KeepFunction(function)](Metaobject const* object) {
+    return [kept = KeepFunction(function), role](Metaobject const* object) {
         qzReturnStatus status{-1, "Python is gone"};
         RunOrReport([&] {
             LentObject const lent(object);
             try {
                 status = ToStatus(kept.Get()(lent.Get()));
             } catch (py::error_already_set const& error) {
-                status.message = ToText(error.value());
+                status = {-1, ToText(error.value())};
                 if (!error.matches(py::module_::import("qzdescriptor").attr("Refused")))
                     throw; // a refusal is an answer, anything else is reported
             }
+            // Whoever asked goes on with the object only where it is enabled.
+            if (role == Role::EnabledTest && lent.IsGone())
+                status = {-1, "The object is gone"};
         });
         return status;
     };
@@ -233,8 +239,8 @@ void BindActionDefinition(py::module_& module) {
         .def(py::init([](std::string const& displayName, py::object const& callback, bool enabled,
                          py::object const& enabledTest, std::string const& description,
                          std::string const& helpPath) {
-                 return ActionDefinition(displayName, ToCallback(callback), enabled, ToCallback(enabledTest),
-                                         description, helpPath);
+                 return ActionDefinition(displayName, ToFunction(callback, Role::Callback), enabled,
+                                         ToFunction(enabledTest, Role::EnabledTest), description, helpPath);
              }),
              py::arg("display_name"), py::arg("callback"), py::arg("enabled") = true,
              py::arg("enabled_test") = py::none(), py::arg("description") = "", py::arg("help_path") = "",

@@ -1,5 +1,6 @@
 #include "derived_object.h"
 
+#include "asked_object.h"
 #include "conversions.h"
 #include "overrides.h"
 
@@ -33,6 +34,7 @@ std::optional<qzReturnStatus> DerivedObject::P_AskStatus(char const* failure, Ta
 }
 
 bool DerivedObject::GetAttributeIdentifiers(qzStlVector<Identifier>& identifiers) const {
+    AskedObject const asked(*this);
     qzStlVector<Identifier> answer;
     if (!P_Ask(answer, "list_attributes"))
         return MemberObject::GetAttributeIdentifiers(identifiers);
@@ -42,6 +44,7 @@ bool DerivedObject::GetAttributeIdentifiers(qzStlVector<Identifier>& identifiers
 }
 
 bool DerivedObject::GetActionIdentifiers(qzStlVector<Identifier>& identifiers) const {
+    AskedObject const asked(*this);
     qzStlVector<Identifier> answer;
     if (!P_Ask(answer, "list_actions"))
         return MemberObject::GetActionIdentifiers(identifiers);
@@ -51,11 +54,13 @@ bool DerivedObject::GetActionIdentifiers(qzStlVector<Identifier>& identifiers) c
 }
 
 bool DerivedObject::IsActionEnabled(Identifier const& action) const {
+    AskedObject const asked(*this);
     bool is = false;
     return P_Ask(is, "read_action_enabled", action) ? is : MemberObject::IsActionEnabled(action);
 }
 
 bool DerivedObject::IsActionVisible(Identifier const& action) const {
+    AskedObject const asked(*this);
     bool is = false;
     return P_Ask(is, "read_action_visible", action) ? is : MemberObject::IsActionVisible(action);
 }
@@ -70,6 +75,7 @@ bool DerivedObject::P_GetActionData(Identifier const& action, ActionDefinition& 
 }
 
 qzReturnStatus DerivedObject::InvokeAction(Identifier const& action) const {
+    AskedObject const asked(*this);
     qzString message;
     auto const take = [&](py::object const& given) {
         if (!given.is_none())
@@ -83,17 +89,33 @@ qzReturnStatus DerivedObject::InvokeAction(Identifier const& action) const {
 
 // What is answered holds for the content from now on, which tests and converts by it.
 Definition const* DerivedObject::GetDefinition(Identifier const& attribute) const {
+    P_ReadDefinition(attribute);
+    return MemberObject::GetDefinition(attribute); // none when the session ended with being asked
+}
+
+void DerivedObject::P_ReadDefinition(Identifier const& attribute) const {
+    AskedObject const asked(*this);
     std::optional<Definition> answer;
     if (MemberObject::GetDefinition(attribute) != nullptr)
         P_Ask(answer, "read_definition", attribute);
     Definition const* const current = MemberObject::GetDefinition(attribute);
-    if (!answer || current == nullptr || *answer == *current)
-        return current;
-    P_GetContent().ReplaceDefinition(P_FindIndex(attribute), std::make_shared<Definition const>(*answer));
-    return MemberObject::GetDefinition(attribute);
+    if (answer && current != nullptr && !(*answer == *current))
+        P_GetContent().ReplaceDefinition(P_FindIndex(attribute), std::make_shared<Definition const>(*answer));
+}
+
+// These two ask several times.
+bool DerivedObject::SetAllowables(Identifier const& attribute, Allowables const& allowables) {
+    AskedObject const asked(*this);
+    return MemberObject::SetAllowables(attribute, allowables);
+}
+
+qzReturnStatus DerivedObject::SetValue(Identifier const& attribute, Value const& value) const {
+    AskedObject const asked(*this);
+    return MemberObject::SetValue(attribute, value);
 }
 
 bool DerivedObject::GetAllowables(Identifier const& attribute, Allowables& allowables) const {
+    AskedObject const asked(*this);
     std::optional<Allowables> answer;
     if (!P_Ask(answer, "read_allowables", attribute))
         return MemberObject::GetAllowables(attribute, allowables);
@@ -106,6 +128,28 @@ bool DerivedObject::P_SetAllowables(Identifier const& attribute, Allowables cons
     auto const take = [](py::object const&) {};
     auto const status = P_AskStatus("", take, "write_allowables", attribute, allowables);
     return status ? status->status == 0 : MemberObject::P_SetAllowables(attribute, allowables);
+}
+
+template <class Key>
+bool DerivedObject::P_GetValueOf(Key const& attribute, ValuePtr const*& value) const {
+    ValuePtr const* read = nullptr;
+    bool isRead = false;
+    {
+        AskedObject const asked(*this);
+        isRead = MemberObject::GetValue(attribute, read);
+    }
+    isRead = isRead && P_IsAlive();
+    if (isRead)
+        value = read;
+    return isRead;
+}
+
+bool DerivedObject::GetValue(Identifier const& attribute, ValuePtr const*& value) const {
+    return P_GetValueOf(attribute, value);
+}
+
+bool DerivedObject::GetValue(unsigned int attributeHandle, ValuePtr const*& value) const {
+    return P_GetValueOf(attributeHandle, value);
 }
 
 // A value that is what was read before stays where it is, and views of it stay good.
@@ -138,6 +182,7 @@ qzReturnStatus DerivedObject::P_Write(unsigned int index, Value const& value) co
 
 bool DerivedObject::GetValueAsString(Identifier const& attribute, qzString& text,
                                      qzString const& format) const {
+    AskedObject const asked(*this);
     std::optional<qzString> answer;
     if (!P_Ask(answer, "read_text", attribute, format))
         return MemberObject::GetValueAsString(attribute, text, format);
@@ -148,6 +193,7 @@ bool DerivedObject::GetValueAsString(Identifier const& attribute, qzString& text
 
 qzReturnStatus DerivedObject::SetValueFromString(Identifier const& attribute, qzString const& text,
                                                  qzString const& format) const {
+    AskedObject const asked(*this);
     auto const take = [](py::object const&) {};
     auto const status =
         P_AskStatus("The value could not be written", take, "write_text", attribute, text, format);
@@ -155,18 +201,21 @@ qzReturnStatus DerivedObject::SetValueFromString(Identifier const& attribute, qz
 }
 
 DisplayStatus DerivedObject::GetDisplayStatus(Identifier const& attribute) const {
+    AskedObject const asked(*this);
     int status = DS_DEFAULT;
     return P_Ask(status, "read_display_status", attribute) ? static_cast<DisplayStatus>(status)
                                                            : MemberObject::GetDisplayStatus(attribute);
 }
 
 bool DerivedObject::SetDisplayStatus(Identifier const& attribute, DisplayStatus status) const {
+    AskedObject const asked(*this);
     auto const take = [](py::object const&) {};
     auto const written = P_AskStatus("", take, "write_display_status", attribute, static_cast<int>(status));
     return written ? written->status == 0 : MemberObject::SetDisplayStatus(attribute, status);
 }
 
 bool DerivedObject::GetOwner(Entity& owner, Identifier& ownerAttribute) const {
+    AskedObject const asked(*this);
     bool is = false;
     auto const take = [&](py::object const& given) {
         is = !given.is_none();
@@ -180,6 +229,7 @@ bool DerivedObject::GetOwner(Entity& owner, Identifier& ownerAttribute) const {
 }
 
 qzString DerivedObject::GetName() const {
+    AskedObject const asked(*this);
     qzString name;
     RunOrReport([&] {
         py::object const self = GetSelf();
@@ -189,6 +239,7 @@ qzString DerivedObject::GetName() const {
 }
 
 bool DerivedObject::GetDataOperations(DataOperationList& operations) const {
+    AskedObject const asked(*this);
     std::optional<DataOperationList> answer;
     if (!P_Ask(answer, "read_data_operations") || !answer)
         return false;
@@ -197,6 +248,7 @@ bool DerivedObject::GetDataOperations(DataOperationList& operations) const {
 }
 
 bool DerivedObject::IsValid() const {
+    AskedObject const asked(*this);
     bool is = false;
     return P_IsAlive() && (P_Ask(is, "read_is_valid") ? is : true);
 }

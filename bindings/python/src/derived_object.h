@@ -20,7 +20,11 @@ public:
     bool IsActionEnabled(Identifier const& action) const override;
     bool IsActionVisible(Identifier const& action) const override;
     Definition const* GetDefinition(Identifier const& attribute) const override;
+    bool SetAllowables(Identifier const& attribute, Allowables const& allowables) override;
     bool GetAllowables(Identifier const& attribute, Allowables& allowables) const override;
+    bool GetValue(Identifier const& attribute, ValuePtr const*& value) const override;
+    bool GetValue(unsigned int attributeHandle, ValuePtr const*& value) const override;
+    qzReturnStatus SetValue(Identifier const& attribute, Value const& value) const override;
     bool GetValueAsString(Identifier const& attribute, qzString& text, qzString const& format) const override;
     qzReturnStatus SetValueFromString(Identifier const& attribute, qzString const& text,
                                       qzString const& format) const override;
@@ -47,6 +51,10 @@ protected:
     qzReturnStatus P_Write(unsigned int index, Value const& value) const override;
 
 private:
+    /// The value of an attribute by its identifier or its handle, unless its session ended with being asked.
+    template <class Key>
+    bool P_GetValueOf(Key const& attribute, ValuePtr const*& value) const;
+    void P_ReadDefinition(Identifier const& attribute) const;
     /// As AskOverride.
     template <class Take, class... Argument>
     bool P_AskFor(Take&& take, char const* name, Argument const&... arguments) const;

@@ -4,6 +4,9 @@
 #include "derived_registry.h"
 #include "overrides.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace qzPython {
 
 namespace {
@@ -64,6 +67,12 @@ SessionReading::~SessionReading() {
     // Taken out before they end, which may run scripts that read again.
     std::optional<Kept> const registry = std::exchange(m_readers->registry, std::nullopt);
     std::vector<Kept> const displaced = std::exchange(m_readers->displaced, {});
+}
+
+void SessionReading::TakeDisplaced(std::vector<Kept>& into) {
+    if (m_readers->count > 1)
+        return; // others read on
+    std::ranges::move(std::exchange(m_readers->displaced, {}), std::back_inserter(into));
 }
 
 // --- what C++ asks -----------------------------------------------------------------------------------------

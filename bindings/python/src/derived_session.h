@@ -73,6 +73,9 @@ public:
     SessionReading(SessionReading const&) = delete;
     SessionReading& operator=(SessionReading const&) = delete;
 
+    /// What would end with this one goes on living there.
+    void TakeDisplaced(std::vector<Kept>& into);
+
 private:
     std::shared_ptr<SessionReaders> m_readers;
 };

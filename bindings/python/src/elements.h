@@ -141,8 +141,11 @@ inline py::object Give(void* value) { return py::int_(reinterpret_cast<std::uint
 inline bool Take(py::handle object, bool& value) {
     if (!IsBool(object))
         return false;
-    value = PyObject_IsTrue(object.ptr()) == 1;
-    return true;
+    int const is = PyObject_IsTrue(object.ptr());
+    ClearRefusal();
+    if (is >= 0)
+        value = is == 1;
+    return is >= 0;
 }
 template <Integer T>
 bool Take(py::handle object, T& value) {
@@ -159,7 +162,7 @@ bool Take(py::handle object, T& value) {
         fits = PyErr_Occurred() == nullptr && std::in_range<ArrayNumber<T>>(wide);
         value = fits ? static_cast<T>(wide) : value;
     }
-    PyErr_Clear();
+    ClearRefusal();
     return fits;
 }
 template <std::floating_point T>
@@ -168,7 +171,7 @@ bool Take(py::handle object, T& value) {
     if (IsBool(object) || !(IsIndex(object) || (methods != nullptr && methods->nb_float != nullptr)))
         return false;
     auto const number = py::reinterpret_steal<py::object>(PyNumber_Float(object.ptr()));
-    PyErr_Clear();
+    ClearRefusal();
     if (!number)
         return false;
     double const wide = PyFloat_AS_DOUBLE(number.ptr());
@@ -231,7 +234,7 @@ inline std::optional<py::tuple> TakeItems(py::handle object) {
     if (!IsSequence(object))
         return std::nullopt;
     auto items = py::reinterpret_steal<py::object>(PySequence_Tuple(object.ptr()));
-    PyErr_Clear();
+    ClearRefusal();
     return items ? std::optional<py::tuple>(std::move(items)) : std::nullopt;
 }
 /// The same when there are that many.
@@ -352,7 +355,7 @@ py::object Give(qzStlVector<T> const& list) {
 /// The array itself when it holds exactly these numbers side by side.
 template <class T>
 bool TakeArray(py::handle object, qzStlVector<T>& list) {
-    if (!py::hasattr(object, "__array_interface__"))
+    if (!HasAttribute(object, "__array_interface__"))
         return false;
     using Array = py::array_t<ArrayNumber<T>, py::array::c_style>;
     if (!Array::check_(object))

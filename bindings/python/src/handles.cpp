@@ -137,6 +137,10 @@ LentObject::~LentObject() {
         *m_lent = nullptr;
 }
 
+bool LentObject::IsGone() const {
+    return !m_given.is_none() && m_given.cast<ObjectHandle const&>().Find() == nullptr;
+}
+
 Entity ToEntity(py::handle object) {
     if (py::isinstance<ObjectHandle>(object))
         return object.cast<ObjectHandle const&>().GetEntity();
@@ -198,10 +202,10 @@ bool TakeText(py::handle object, qzString& text) {
         text.assign(utf8, static_cast<std::size_t>(size));
         return true;
     }
-    PyErr_Clear();
+    ClearRefusal();
     auto const bytes =
         py::reinterpret_steal<py::bytes>(PyUnicode_AsEncodedString(object.ptr(), "utf-8", "surrogateescape"));
-    PyErr_Clear();
+    ClearRefusal();
     if (bytes)
         text = std::string_view(bytes);
     return static_cast<bool>(bytes);
@@ -211,6 +215,18 @@ qzString ToText(py::handle object) {
     qzString text;
     TakeText(py::str(object), text);
     return text;
+}
+
+void ClearRefusal() {
+    if (PyErr_Occurred() != nullptr && PyErr_ExceptionMatches(PyExc_Exception) == 0)
+        throw py::error_already_set();
+    PyErr_Clear();
+}
+
+bool HasAttribute(py::handle object, char const* name) {
+    auto const found = py::reinterpret_steal<py::object>(PyObject_GetAttrString(object.ptr(), name));
+    ClearRefusal();
+    return static_cast<bool>(found);
 }
 
 bool IsPythonAlive() { return Py_IsInitialized() != 0 && _Py_IsFinalizing() == 0; }
@@ -225,11 +241,27 @@ bool IsHookSet() {
 
 void SetError(py::handle type, char const* message) { PyErr_SetObject(type.ptr(), GiveText(message).ptr()); }
 
-/// Tells of an exception; `raise` makes it the one that is pending in Python.
-template <class Raise>
-void Tell(std::exception const& error, Raise&& raise) {
+/// What was raised, and where. The text of an exception is a script's, too, and may raise it once more, for
+/// which the bindings' own description would ask again and again.
+qzString Describe(py::error_already_set const& error) {
+    try {
+        py::module_ const traceback = py::module_::import("traceback");
+        py::str const nothing;
+        qzString text = ToText(
+            nothing.attr("join")(traceback.attr("format_exception_only")(error.type(), error.value())));
+        if (error.trace())
+            text += "At:\n" + ToText(nothing.attr("join")(traceback.attr("format_tb")(error.trace())));
+        return text.substr(0, text.find_last_not_of('\n') + 1);
+    } catch (py::error_already_set const&) {
+        return Py_TYPE(error.value().ptr())->tp_name;
+    }
+}
+
+/// Tells of an exception by its text, or in Python, where `raise` makes it the one that is pending.
+template <class GetText, class Raise>
+void Tell(GetText&& getText, Raise&& raise) {
     if (!IsHookSet()) {
-        qzInterp::ReportFailure("python", error.what());
+        qzInterp::ReportFailure("python", getText());
         return;
     }
     raise();
@@ -243,11 +275,11 @@ void ReportFailure() noexcept {
         try {
             throw;
         } catch (py::error_already_set& error) {
-            Tell(error, [&] { error.restore(); });
+            Tell([&] { return Describe(error); }, [&] { error.restore(); });
         } catch (py::builtin_exception const& error) {
-            Tell(error, [&] { error.set_error(); });
+            Tell([&] { return error.what(); }, [&] { error.set_error(); });
         } catch (std::exception const& error) {
-            Tell(error, [&] { SetError(PyExc_RuntimeError, error.what()); });
+            Tell([&] { return error.what(); }, [&] { SetError(PyExc_RuntimeError, error.what()); });
         }
     } catch (...) { // whoever is told has failed, too: nobody is left to be told
     }

@@ -122,6 +122,8 @@ public:
     LentObject& operator=(LentObject const&) = delete;
 
     py::object const& Get() const { return m_given; }
+    /// Whether the object has ended since; of one that no session finds this stays unknown.
+    bool IsGone() const;
 
 private:
     std::shared_ptr<Metaobject const*> m_lent;

@@ -1,7 +1,5 @@
 #include "member_object.h"
 
-#include "derived_session.h"
-
 namespace qzPython {
 
 namespace {
@@ -87,24 +85,13 @@ bool MemberObject::GetValue(unsigned int attributeHandle, ValuePtr const*& value
 }
 
 bool MemberObject::P_GetValue(unsigned int index, ValuePtr const*& value) const {
-    SessionHandle const session = m_session; // what is read may end this object, too
-    if (session.Find() == nullptr)
-        return false;
-    ValuePtr const* read = nullptr;
-    bool isRead = false;
-    {
-        SessionReading const reading(*session.Find());
-        isRead = index < m_members->GetVariableCount() && P_Read(index) && m_content->GetValue(index, read);
-    }
-    isRead = isRead && session.Find() != nullptr;
-    if (isRead)
-        value = read;
-    return isRead;
+    return P_IsAlive() && index < m_members->GetVariableCount() && P_Read(index) &&
+           m_content->GetValue(index, value);
 }
 
 Content const& MemberObject::Refresh(unsigned int index) const {
     ValuePtr const* value = nullptr;
-    static_cast<void>(P_GetValue(index, value));
+    static_cast<void>(GetValue(index + 1, value));
     m_session.Get(); // with it the content's members may have gone
     return *m_content;
 }
@@ -113,7 +100,6 @@ qzReturnStatus MemberObject::SetValue(Identifier const& attribute, Value const& 
     unsigned int const index = P_FindIndex(attribute);
     if (index == Members::s_none)
         return {-1, "The object has no such attribute"};
-    SessionReading const reading(*m_session.Find());
     GetDefinition(attribute); // makes what holds now hold for the content, too
     qzReturnStatus const tested = m_content->TestValue(index, value);
     return tested.status == 0 ? P_Write(index, value) : tested;

@@ -59,7 +59,7 @@ protected:
     bool P_IsAlive() const { return m_session.Find() != nullptr; }
     /// Members::s_none when there is no such attribute.
     unsigned int P_FindIndex(Identifier const& attribute) const;
-    /// Reads a value, and gives it unless all that it belongs to ended meanwhile.
+    /// Reads a value and gives it.
     bool P_GetValue(unsigned int index, ValuePtr const*& value) const;
     Identifier const& P_Identify(unsigned int index) const { return m_members->GetVariableIdentifier(index); }
     Content& P_GetContent() const { return *m_content; }

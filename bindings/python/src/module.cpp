@@ -1,20 +1,8 @@
-#include "bindings.h"
+#include "classes.h"
 
 namespace qzPython {
 
 namespace {
-
-void* RefuseUninitialised(std::size_t) { throw py::type_error("__init__ was not called"); }
-
-/// The bindings make room for an instance when it is first looked at, and hand a method memory that nothing
-/// was made in when __init__ has not run. Constructors make their own room and do not ask here.
-void RefuseUninitialisedInstances(py::module_ const& module) {
-    for (auto const& [type, info] : py::detail::get_internals().registered_types_cpp) {
-        auto const owner = py::getattr(reinterpret_cast<PyObject*>(info->type), "__module__", py::none());
-        if (owner.equal(module.attr("__name__"))) // other modules have theirs in the same place
-            info->operator_new = &RefuseUninitialised;
-    }
-}
 
 /// Arguments that are looked at inside of a function are of a wrong type there as anywhere.
 void TellWrongTypes() {
@@ -35,6 +23,7 @@ void TellWrongTypes() {
 PYBIND11_MODULE(_core, module) {
     using namespace qzPython;
     module.doc() = "A self-describing object model for engineering applications.";
+    RefuseBareInstances();
     BindHandles(module);
     BindTypes(module);
     BindIdentities(module);
@@ -60,5 +49,5 @@ PYBIND11_MODULE(_core, module) {
     BindScripts(module);
     ReportWherePythonPrints();
     TellWrongTypes();
-    RefuseUninitialisedInstances(module);
+    FinishClasses(module);
 }

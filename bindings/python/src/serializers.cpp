@@ -19,7 +19,7 @@ void TakeBytes(py::object const& given, MemoryBuffer& buffer) {
     auto const bytes = py::reinterpret_steal<py::bytes>(
         PyObject_CheckBuffer(given.ptr()) != 0 ? PyBytes_FromObject(given.ptr()) : nullptr);
     if (!bytes) {
-        PyErr_Clear();
+        ClearRefusal();
         throw py::type_error("bytes are expected");
     }
     std::string_view const view = bytes;

@@ -34,8 +34,8 @@ bool VisitData(py::handle data, F&& visitor, std::type_identity<std::tuple<List.
 
 /// Columns of pandas as what they hold.
 py::object ToArray(py::handle data) {
-    return py::hasattr(data, "to_numpy") ? py::object(data.attr("to_numpy")())
-                                         : py::reinterpret_borrow<py::object>(data);
+    return HasAttribute(data, "to_numpy") ? py::object(data.attr("to_numpy")())
+                                          : py::reinterpret_borrow<py::object>(data);
 }
 
 template <class F>
@@ -144,7 +144,7 @@ py::object ToPandas(Tabular const& table, py::object const& names) {
     for (auto const& [name, column] : ToDict(table, names)) {
         if (py::isinstance<EntityList>(column))
             columns[name] = column.attr("ids");
-        else if (py::hasattr(column, "ndim") && column.attr("ndim").cast<int>() == 2)
+        else if (HasAttribute(column, "ndim") && column.attr("ndim").cast<int>() == 2)
             columns[name] = py::list(py::reinterpret_borrow<py::object>(column));
     }
     return py::module_::import("pandas").attr("DataFrame")(columns);
@@ -250,7 +250,7 @@ void BindCopies(py::class_<Tabular>& bound) {
 } // namespace
 
 bool TakeTable(py::handle data, Tabular& table) {
-    if (!py::isinstance<py::dict>(data) && !py::hasattr(data, "to_numpy"))
+    if (!py::isinstance<py::dict>(data) && !HasAttribute(data, "to_numpy"))
         return false;
     Tabular made;
     for (py::handle const name : data) {

@@ -43,9 +43,10 @@ OutputCapture*& OutputCapture::P_Innermost() {
 }
 
 void OutputCapture::DefineStream(py::module_& module) {
+    // Not by pointers to members, which take None for a stream.
     py::class_<Stream>(module, "Stream", py::module_local())
-        .def("write", &Stream::Write)
-        .def("flush", &Stream::Flush)
+        .def("write", [](Stream const& self, py::str const& text) { return self.Write(text); })
+        .def("flush", [](Stream const& self) { self.Flush(); })
         .def("isatty", [](Stream const&) { return false; })
         .def_property_readonly("encoding", [](Stream const&) { return "utf-8"; })
         .def_property_readonly("errors", [](Stream const&) { return "backslashreplace"; });

@@ -58,12 +58,17 @@ bool IsAlive() { return Py_IsInitialized() != 0 && _Py_IsFinalizing() == 0; }
 
 py::dict MainNamespace() { return py::module_::import("__main__").attr("__dict__"); }
 
-/// The traceback as Python prints it. Syntax errors have no trace.
+/// The traceback as Python prints it, or the class alone where that fails: the text of an exception is a
+/// script's, too. Syntax errors have no trace.
 qzString Describe(py::error_already_set const& error) {
-    py::object const trace = error.trace() ? error.trace() : py::none();
-    py::object const lines =
-        py::module_::import("traceback").attr("format_exception")(error.type(), error.value(), trace);
-    return ToUtf8(py::str("").attr("join")(lines));
+    try {
+        py::object const trace = error.trace() ? error.trace() : py::none();
+        py::object const lines =
+            py::module_::import("traceback").attr("format_exception")(error.type(), error.value(), trace);
+        return ToUtf8(py::str("").attr("join")(lines));
+    } catch (py::error_already_set const&) {
+        return Py_TYPE(error.value().ptr())->tp_name;
+    }
 }
 
 /// A script that ends itself has succeeded unless it says otherwise.
@@ -120,6 +125,9 @@ bool PythonInterp::P_Run(qzString& output, Work&& work) {
         }
         output = capture.GetText() + failure;
         return succeeded;
+    } catch (py::error_already_set const& error) {
+        output = Describe(error);
+        return false;
     } catch (std::exception const& error) {
         output = error.what();
         return false;
