@@ -23,6 +23,7 @@ public:
             return false;
         }
         calls.push_back(arguments);
+        output = "recorded";
         return true;
     }
 
@@ -36,14 +37,17 @@ public:
         qzInterp::SetFailureReport([this](qzString const& language, qzString const& message) {
             failures.push_back(language + ": " + message);
         });
+        qzInterp::SetOutputReport([this](qzString const&, qzString const& output) { printed += output; });
     }
     ~Scripts() override {
         qzInterp::Unregister("test");
         qzInterp::SetFailureReport({});
+        qzInterp::SetOutputReport({});
     }
 
     TestInterpreter interpreter;
     std::vector<qzString> failures;
+    qzString printed;
 };
 
 struct Plain : qzListener<> {};
@@ -80,6 +84,7 @@ TEST_F(Scripts, AreCalledWithTheObjectTheySpeakForAndTheArgument) {
     qzSignal1<void, qzString const&, single_threaded>(signal).Emit("again");
     EXPECT_EQ(interpreter.calls.size(), 5u);
     EXPECT_TRUE(failures.empty());
+    EXPECT_EQ(printed, "recordedrecordedrecordedrecordedrecorded");
 }
 
 TEST_F(Scripts, ReportWhatTheyCannotDo) {
