@@ -346,3 +346,17 @@ def test_a_registry_that_is_asked_may_create_and_insert():
     made.append(session.create("Row"))
     assert sorted(row.id for row in made) == [1, 2] and all(row.is_alive for row in made)
     assert session.all().total == 2
+
+
+def test_a_function_that_groups_attributes_may_delete_the_object(held):
+    def group(attribute):
+        if row.is_alive:
+            session.delete(row)
+        return "one"
+
+    held[0].insert_attribute("Row", "U", qz.Definition("U", float))
+    session = held[0].session("a")
+    row = session.create("Row")
+    with pytest.raises(qz.Ended):
+        qz.AttributeHelper(row).categories(group)
+    assert not row.is_alive
