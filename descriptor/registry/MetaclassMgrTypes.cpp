@@ -25,7 +25,8 @@ EntityFullType MetaclassMgr::RegisterMetaclass(unsigned int metaclass) const {
 
 bool MetaclassMgr::GetRegisteredEntityFullTypes(qzStlVector<EntityFullType>& types) const {
     bool isAppended = false;
-    for (unsigned int metaclass = 1; metaclass <= GetHandlesCount(); ++metaclass) {
+    unsigned int const count = GetHandlesCount(); // those who are asked may insert more, each time
+    for (unsigned int metaclass = 1; metaclass <= count; ++metaclass) {
         EntityFullType type;
         if (GetEntityFullTypeFromMetaclass(metaclass, type)) {
             types.push_back(type);

@@ -149,9 +149,10 @@ Population* Session::P_GetPopulation(EntityFullType const& type) const {
         return nullptr;
     if (m_populations.size() <= metaclass)
         m_populations.resize(metaclass + 1);
-    m_populations[metaclass] =
-        std::make_unique<Population>(const_cast<Session&>(*this), metaclass, ownType, members);
-    return m_populations[metaclass].get();
+    std::unique_ptr<Population>& population = m_populations[metaclass];
+    if (population == nullptr) // the registry that was asked may have created objects of the type
+        population = std::make_unique<Population>(const_cast<Session&>(*this), metaclass, ownType, members);
+    return population.get();
 }
 
 Object* Session::P_Find(Entity const& entity) const {

@@ -283,3 +283,80 @@ def test_hooks_that_call_themselves_for_ever_fail(capfd):
             return self.session(name)
 
     assert Endless().session("a") is None
+
+
+ENDS = {
+    "remove_session": lambda held, session: held[0].remove_session(session),
+    "delete": lambda held, session: session.delete(FIRST),
+    "let_go": lambda held, session: let_go(held),
+}
+QUESTIONS = [
+    lambda session: session.all(), lambda session: session.explain(FIRST, "T > 1"), lambda session: session.count("Row"),
+    lambda session: session.create("Row"), lambda session: session.get(FIRST)["T"], lambda session: session.entities("Row", "T > 1"),
+]
+
+
+@pytest.mark.parametrize("end", ENDS.values(), ids=ENDS)
+@pytest.mark.parametrize("hook", ["types", "type_of", "metaclass_name", "handle_of", "check_parent", "owners"])
+def test_a_registry_ends_nothing_while_it_is_asked(hook, end, reports):
+    class Ending(qz.Registry):
+        asked = False
+
+    def ends(self, *arguments):
+        if Ending.asked and held:
+            alive.append(session.is_alive)
+            end(held, session)
+            alive.append(session.is_alive)
+        return getattr(qz.Registry, hook)(self, *arguments)
+
+    setattr(Ending, hook, ends)
+    alive = []
+    for question in QUESTIONS:
+        Ending.asked = False
+        held = [Ending()]
+        held[0].insert("Row")
+        held[0].insert_attribute("Row", "T", qz.Definition("T", float, default=1.5))
+        session = held[0].session("a")
+        session.create("Row", id=1)
+        Ending.asked = True
+        try:
+            question(session)
+        except (qz.Refused, qz.Ended):
+            pass
+    assert all(alive)
+
+
+def test_a_registry_that_is_asked_may_create_and_insert():
+    class Busy(qz.Registry):
+        session_in_use = None
+
+        def type_of(self, metaclass):
+            session, self.session_in_use = self.session_in_use, None
+            if session is not None:
+                made.append(session.create("Row"))
+            if len(self) < 50:
+                self.insert(f"Row {len(self)}")
+            return super().type_of(metaclass)
+
+    made = []
+    registry = Busy()
+    registry.insert("Row")
+    session = registry.session("a")
+    registry.session_in_use = session
+    made.append(session.create("Row"))
+    assert sorted(row.id for row in made) == [1, 2] and all(row.is_alive for row in made)
+    assert session.all().total == 2
+
+
+def test_a_function_that_groups_attributes_may_delete_the_object(held):
+    def group(attribute):
+        if row.is_alive:
+            session.delete(row)
+        return "one"
+
+    held[0].insert_attribute("Row", "U", qz.Definition("U", float))
+    session = held[0].session("a")
+    row = session.create("Row")
+    with pytest.raises(qz.Ended):
+        qz.AttributeHelper(row).categories(group)
+    assert not row.is_alive

@@ -1,5 +1,7 @@
 #include "attributes.h"
 
+#include <map>
+
 namespace qzPython {
 
 namespace {
@@ -32,12 +34,25 @@ struct Category {
     friend bool operator==(Category const&, Category const&) = default;
 };
 
+/// What a function of Python says of each attribute. Asked while nobody walks over them: it may end what they
+/// are attributes of.
+AttributeHelper::CategoryOf AskEach(Attributes const& self, py::object const& function) {
+    std::map<unsigned int, qzString> categories;
+    self.Look().GetCategories([&](Attribute const& attribute) {
+        categories.try_emplace(attribute.GetIndex());
+        return qzString();
+    });
+    for (auto& [index, category] : categories)
+        category = function(self.At(index)).cast<qzString>();
+    return [categories = std::move(categories)](Attribute const& attribute) {
+        auto const found = categories.find(attribute.GetIndex());
+        return found != categories.end() ? found->second : qzString(); // inserted meanwhile
+    };
+}
+
 std::vector<Category> ListCategories(Attributes const& self, py::object const& function) {
-    AttributeHelper::CategoryOf categoryOf = &AttributeHelper::HelpCategory;
-    if (!function.is_none())
-        categoryOf = [&](Attribute const& attribute) {
-            return function(self.At(attribute.GetIndex())).cast<qzString>();
-        };
+    AttributeHelper::CategoryOf const categoryOf =
+        function.is_none() ? &AttributeHelper::HelpCategory : AskEach(self, function);
     std::vector<Category> categories;
     for (CategoryAttribute const& category : self.Look().GetCategories(categoryOf))
         categories.push_back({category.GetName(), self.ToViews(category)});

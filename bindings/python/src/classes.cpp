@@ -33,7 +33,10 @@ void ReplaceNew(py::handle type) {
 
 void RefuseBareInstances() {
     py::handle const base = py::detail::get_internals().instance_base;
-    s_makeInstance = reinterpret_cast<PyTypeObject*>(base.ptr())->tp_new;
+    newfunc const makeInstance = reinterpret_cast<PyTypeObject*>(base.ptr())->tp_new;
+    if (makeInstance == &MakeInstance)
+        return; // the module was made before
+    s_makeInstance = makeInstance;
     ReplaceNew(base);
 }
 

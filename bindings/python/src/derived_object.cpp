@@ -1,6 +1,6 @@
 #include "derived_object.h"
 
-#include "asked_object.h"
+#include "asked.h"
 #include "conversions.h"
 #include "overrides.h"
 

@@ -1,5 +1,6 @@
 #include "derived_registry.h"
 
+#include "asked.h"
 #include "overrides.h"
 
 namespace qzPython {
@@ -35,8 +36,15 @@ void Append(qzStlVector<T>& list, qzStlVector<T> const& items) {
 
 template <class Take, class... Argument>
 bool PythonRegistry::P_Ask(char const* name, Take&& take, Argument const&... arguments) const {
-    return m_isDerived && AskOverride([&] { return py::cast(&m_handle, py::return_value_policy::reference); },
-                                      py::type::of<RegistryHandle>(), name, take, arguments...);
+    if (!m_isDerived)
+        return false;
+    Asked const asked(HoldRegistry(this));
+    ++m_asks;
+    bool const isAnswered =
+        AskOverride([&] { return py::cast(&m_handle, py::return_value_policy::reference); },
+                    py::type::of<RegistryHandle>(), name, take, arguments...);
+    --m_asks;
+    return isAnswered;
 }
 
 bool PythonRegistry::SetOwnership(unsigned int child, unsigned int owner, unsigned int ownerAttribute) {
@@ -131,6 +139,23 @@ ISession* PythonRegistry::CreateSession(qzString const& name) {
 }
 
 // --- the same for Python ---------------------------------------------------------------------------------
+
+std::optional<Kept> HoldRegistry(MetaclassMgr const* registry) {
+    auto const* const own = dynamic_cast<PythonRegistry const*>(registry);
+    if (own == nullptr || !IsPythonAlive())
+        return std::nullopt;
+    py::gil_scoped_acquire const held;
+    py::handle const found = py::detail::get_object_handle(
+        &own->GetHandle(), py::detail::get_type_info(typeid(RegistryHandle), true));
+    if (!found || Py_REFCNT(found.ptr()) == 0)
+        return std::nullopt;
+    return Kept(py::reinterpret_borrow<py::object>(found));
+}
+
+void CheckUnasked(MetaclassMgr const* registry) {
+    auto const* const own = dynamic_cast<PythonRegistry const*>(registry);
+    Check(own == nullptr || !own->IsAsked(), "the registry is being asked: end it afterwards");
+}
 
 unsigned int ToMetaclass(MetaclassMgr const& registry, py::handle metaclass) {
     if (!py::isinstance<py::str>(metaclass))

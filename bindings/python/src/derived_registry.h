@@ -28,6 +28,8 @@ public:
     ISession* CreateSession(qzString const& name) override;
 
     RegistryHandle const& GetHandle() const { return m_handle; }
+    /// Whether a method of the class is asked, for somebody who is amid what a session keeps.
+    bool IsAsked() const { return m_asks > 0; }
 
 private:
     /// As AskOverride.
@@ -35,9 +37,14 @@ private:
     bool P_Ask(char const* name, Take&& take, Argument const&... arguments) const;
 
     RegistryHandle const& m_handle;
+    mutable unsigned int m_asks = 0;
     bool m_isDerived; // otherwise nobody has to wait for the interpreter to be asked
 };
 
+/// A registry that is one of Python's, unless it is just ending.
+std::optional<Kept> HoldRegistry(MetaclassMgr const* registry);
+/// Throws Refused while a registry is asked, when nothing of its sessions may end.
+void CheckUnasked(MetaclassMgr const* registry);
 /// A metaclass by its handle or its name; raises KeyError for a name that is none.
 unsigned int ToMetaclass(MetaclassMgr const& registry, py::handle metaclass);
 /// An attribute by its handle or its identifier; 0 when there is none.

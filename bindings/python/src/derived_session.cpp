@@ -1,5 +1,6 @@
 #include "derived_session.h"
 
+#include "asked.h"
 #include "derived_object.h"
 #include "derived_registry.h"
 #include "overrides.h"
@@ -37,28 +38,11 @@ EntityList ToList(py::object const& given, EntityFullType const& type) {
 
 // --- those who read --------------------------------------------------------------------------------------
 
-namespace {
-
-/// Nothing for a registry that is none of Python's, or that is just ending.
-std::optional<Kept> Hold(MetaclassMgr const* registry) {
-    auto const* const own = dynamic_cast<PythonRegistry const*>(registry);
-    if (own == nullptr || !IsPythonAlive())
-        return std::nullopt;
-    py::gil_scoped_acquire const held;
-    py::handle const found = py::detail::get_object_handle(
-        &own->GetHandle(), py::detail::get_type_info(typeid(RegistryHandle), true));
-    if (!found || Py_REFCNT(found.ptr()) == 0)
-        return std::nullopt;
-    return Kept(py::reinterpret_borrow<py::object>(found));
-}
-
-} // namespace
-
 SessionReading::SessionReading(ISession const& session) {
     auto const* const derived = dynamic_cast<DerivedSession const*>(&session);
     m_readers = derived != nullptr ? derived->m_readers : std::make_shared<SessionReaders>();
     if (m_readers->count++ == 0)
-        m_readers->registry = Hold(session.GetMetaclassMgr());
+        m_readers->registry = HoldRegistry(session.GetMetaclassMgr());
 }
 
 SessionReading::~SessionReading() {
@@ -67,6 +51,7 @@ SessionReading::~SessionReading() {
     // Taken out before they end, which may run scripts that read again.
     std::optional<Kept> const registry = std::exchange(m_readers->registry, std::nullopt);
     std::vector<Kept> const displaced = std::exchange(m_readers->displaced, {});
+    Asked::EndWhatIsOver();
 }
 
 void SessionReading::TakeDisplaced(std::vector<Kept>& into) {
@@ -84,6 +69,7 @@ DerivedSession::~DerivedSession() { P_AnnounceEnd(); }
 
 qzReturnStatus DerivedSession::Create(EntityFullType const& type, Entity& created, Entity const& owner,
                                       Identifier const& ownerAttribute) const {
+    SessionReading const reading(*this);
     bool isOverridden = false;
     qzReturnStatus const status = RunOrRefuse("The entity could not be created", [&] {
         py::object const hook = FindOverride(GetSelf(), py::type::of<CustomSessionHandle>(), "make_entity");
@@ -112,6 +98,7 @@ unsigned long long DerivedSession::Collect(EntityList& out, EntityFullType const
 }
 
 qzReturnStatus DerivedSession::Delete(Entity const& entity) {
+    SessionReading const reading(*this);
     return RunOrRefuse("The entity could not be deleted", [&] {
         std::shared_ptr<SessionToken> const token = m_token;
         GetSelf().attr("delete_entity")(entity);
@@ -121,6 +108,7 @@ qzReturnStatus DerivedSession::Delete(Entity const& entity) {
 }
 
 bool DerivedSession::Find(EntityFullType const& type, qzString const& name, Entity& entity) const {
+    SessionReading const reading(*this);
     bool found = false;
     RunOrReport([&] {
         py::object const given = GetSelf().attr("find_entity")(type, name);
@@ -133,6 +121,7 @@ bool DerivedSession::Find(EntityFullType const& type, qzString const& name, Enti
 
 void DerivedSession::GetOwnedEntities(EntityListBag& owned, Entity const& owner,
                                       Identifier const& ownerAttribute) const {
+    SessionReading const reading(*this);
     RunOrReport([&] {
         EntityListBag bag;
         for (py::handle const item : GetSelf().attr("list_owned")(owner, ownerAttribute)) {
@@ -147,6 +136,7 @@ void DerivedSession::GetOwnedEntities(EntityListBag& owned, Entity const& owner,
 }
 
 bool DerivedSession::GetOwner(Entity const& entity, Entity& owner, Identifier& ownerAttribute) const {
+    SessionReading const reading(*this);
     bool found = false;
     RunOrReport([&] {
         py::object const given = GetSelf().attr("find_owner")(entity);
@@ -161,17 +151,20 @@ bool DerivedSession::GetOwner(Entity const& entity, Entity& owner, Identifier& o
 }
 
 Metaobject const* DerivedSession::GetMetaobject(Entity const& entity) const {
+    std::shared_ptr<SessionToken> const token = m_token;
     Metaobject const* object = nullptr;
-    RunOrReport([&] {
-        std::shared_ptr<SessionToken> const token = m_token;
-        py::object const given = GetSelf().attr("get_object")(entity);
-        if (token->Find() == nullptr)
-            return; // the session ended meanwhile
-        if (!given.is_none())
-            object = given.cast<CustomObjectHandle const&>().Find();
-        P_HandOut(entity, object != nullptr ? std::optional(Kept(given)) : std::nullopt);
-    });
-    return object;
+    {
+        SessionReading const reading(*this);
+        RunOrReport([&] {
+            py::object const given = GetSelf().attr("get_object")(entity);
+            if (token->Find() == nullptr)
+                return; // the session ended meanwhile
+            if (!given.is_none())
+                object = given.cast<CustomObjectHandle const&>().Find();
+            P_HandOut(entity, object != nullptr ? std::optional(Kept(given)) : std::nullopt);
+        });
+    }
+    return token->Find() != nullptr ? object : nullptr; // the registry may have waited for the end
 }
 
 void DerivedSession::P_HandOut(Entity const& entity, std::optional<Kept> object) const {

@@ -1,5 +1,5 @@
 #include "conversions.h"
-#include "handles.h"
+#include "derived_session.h"
 
 namespace qzPython {
 
@@ -159,13 +159,15 @@ void BindActions(Class& object) {
 }
 
 py::object GiveOwner(ObjectHandle const& self) {
+    ISession* const session = self.Get().GetSession();
+    if (session == nullptr)
+        return py::none();
+    SessionHandle const handle(*session);
+    SessionInUse const held(handle);
     Entity owner;
     Identifier attribute;
-    if (!self.Get().GetOwner(owner, attribute))
-        return py::none();
-    ISession* const session = self.Get().GetSession();
-    return session != nullptr ? GiveObject(session->Get(owner), SessionHandle(*session))
-                              : py::object(py::none());
+    return self.Get().GetOwner(owner, attribute) ? GiveObject(held->Get(owner), handle)
+                                                 : py::object(py::none());
 }
 
 void BindPlace(Class& object) {

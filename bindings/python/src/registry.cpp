@@ -345,6 +345,7 @@ void BindSessions(Class& registry) {
                 auto const* const derived = dynamic_cast<DerivedSession const*>(&session.Get());
                 Check(derived == nullptr || !derived->IsRead(),
                       "the session is being read: end it afterwards");
+                CheckUnasked(&self.Get());
                 self.Get().RemoveSession(&session.Get());
             },
             py::arg("session"), "Ends a session.");

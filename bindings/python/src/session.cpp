@@ -1,3 +1,4 @@
+#include "derived_registry.h"
 #include "derived_session.h"
 
 #include "descriptor/QueryCheck.h"
@@ -32,7 +33,10 @@ void BindEntities(Class& session) {
         .def(
             "delete",
             [](SessionHandle& self, py::object const& entity) {
-                Check(SessionInUse(self)->Delete(ToEntity(entity)));
+                Entity const doomed = ToEntity(entity);
+                SessionInUse const held(self);
+                CheckUnasked(held->GetMetaclassMgr());
+                Check(held->Delete(doomed));
             },
             py::arg("entity"), "Ends an object and all that it owns.")
         .def(

@@ -1,4 +1,4 @@
-#include "asked_object.h"
+#include "asked.h"
 
 #include "derived_object.h"
 
@@ -33,21 +33,32 @@ bool IsLastReference(Kept const& object) {
 
 } // namespace
 
-AskedObject::AskedObject(DerivedObject const& object) : m_self(Hold(object)) {
+Asked::Asked(std::optional<Kept> self) : m_self(std::move(self)) {
+    EndWhatIsOver();
+    ++GetAsks().depth;
+}
+
+Asked::~Asked() {
+    if (m_self && IsLastReference(*m_self))
+        GetEnded().push_back(std::move(*m_self));
+    --GetAsks().depth;
+}
+
+std::vector<Kept>& Asked::GetEnded() { return GetAsks().ended; }
+
+void Asked::EndWhatIsOver() {
+    if (GetAsks().depth == 0) // taken out before they end, which may run scripts that ask again
+        std::vector<Kept> const ended = std::exchange(GetEnded(), {});
+}
+
+AskedObject::AskedObject(DerivedObject const& object) : m_asked(Hold(object)) {
     if (ISession const* const session = object.GetSession())
         m_reading.emplace(*session);
-    if (GetAsks().depth++ == 0) // scripts run when these end: the object is held by now
-        std::vector<Kept> const ended = std::exchange(GetAsks().ended, {});
 }
 
 AskedObject::~AskedObject() {
-    std::vector<Kept>& ended = GetAsks().ended;
     if (m_reading)
-        m_reading->TakeDisplaced(ended);
-    m_reading.reset(); // the registry may end with it
-    if (m_self && IsLastReference(*m_self))
-        ended.push_back(std::move(*m_self));
-    --GetAsks().depth;
+        m_reading->TakeDisplaced(Asked::GetEnded());
 }
 
 } // namespace qzPython
