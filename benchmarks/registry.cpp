@@ -1,6 +1,7 @@
 // Finding a metaclass by its name and an attribute by its name or handle; registering a whole model.
 
 #include "metaclass_peers.h"
+#include "support/turns.h"
 
 #include <benchmark/benchmark.h>
 
@@ -108,7 +109,8 @@ void GetAttribute(benchmark::State& state) {
 
 template <class Peer>
 void Register(std::string const& who) {
-    benchmark::RegisterBenchmark(("find an attribute by name/" + who).c_str(), FindAttribute<Peer>);
+    MeasureInTurns(
+        benchmark::RegisterBenchmark(("find an attribute by name/" + who).c_str(), FindAttribute<Peer>));
     if constexpr (requires(Peer const& peer) { peer.Get(0); })
         benchmark::RegisterBenchmark(("get an attribute by handle/" + who).c_str(), GetAttribute<Peer>);
 }

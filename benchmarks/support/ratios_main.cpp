@@ -1,6 +1,6 @@
 // Runs the benchmarks of a program and then sets ours beside each peer. A benchmark's name is made of parts
-// between slashes, one of which says whose it is: "ours" or a peer's name. Of one that is repeated the median
-// counts.
+// between slashes, one of which says whose it is: "ours" or a peer's name. Of one that is measured in turns
+// the least time counts.
 
 #include "support/turns.h"
 
@@ -17,6 +17,7 @@
 namespace {
 
 bool s_takesTurns = false;
+constexpr char const* s_least = "least";
 
 struct Measured {
     std::vector<std::string> parts;
@@ -53,7 +54,7 @@ public:
         ConsoleReporter::ReportRuns(runs);
         for (Run const& run : runs) {
             bool const single = run.run_type == Run::RT_Iteration && run.repetitions <= 1;
-            if (single || run.aggregate_name == "median")
+            if (single || run.aggregate_name == s_least)
                 m_measured.push_back({P_PartsOf(run.run_name), run.GetAdjustedRealTime(), run.family_index,
                                       run.per_family_instance_index});
         }
@@ -94,7 +95,14 @@ private:
 
 } // namespace
 
-bool TakeTurns() { return s_takesTurns = true; }
+benchmark::internal::Benchmark* MeasureInTurns(benchmark::internal::Benchmark* benchmark) {
+    s_takesTurns = true;
+    auto const least = [](std::vector<double> const& times) { return *std::ranges::min_element(times); };
+    return benchmark->MinTime(0.05)
+        ->Repetitions(25)
+        ->ComputeStatistics(s_least, least)
+        ->ReportAggregatesOnly();
+}
 
 int main(int argc, char** argv) {
     std::vector<char*> arguments(argv, argv + argc);

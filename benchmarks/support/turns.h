@@ -1,6 +1,8 @@
 #pragma once
 
-/// Lets the repetitions of all benchmarks of a program take turns in a random order, instead of one benchmark
-/// after the other: a machine that is slow for a while is so for ours and for its peers. To be called before
-/// main, by programs whose benchmarks repeat.
-bool TakeTurns();
+#include <benchmark/benchmark.h>
+
+/// Measures a benchmark many times, in turns with the others of the program that are measured so: a machine
+/// that is slow for a while is so for ours and for its peers. The least time counts, since whatever disturbs
+/// a measurement adds to it. To be called before main.
+benchmark::internal::Benchmark* MeasureInTurns(benchmark::internal::Benchmark* benchmark);

@@ -11,6 +11,7 @@
 #include "operations/query_values.h"
 
 #include <algorithm>
+#include <type_traits>
 
 namespace qzDescriptor {
 
@@ -78,16 +79,19 @@ private:
     std::unique_ptr<IProperty> m_byName;
 };
 
-/// A number of a content that has it set is read at once.
+/// A number or text of a content that has it set is read at once.
 template <class T>
-class NumberProperty final : public AttributeProperty {
+class ScalarProperty final : public AttributeProperty {
 public:
     using AttributeProperty::AttributeProperty;
 
     bool Read(void* given, Scalar& value, qzString& scratch) const override {
         if (ValuePtr const* const own = P_FindOwn(given)) {
             if (auto const* const scalar = ScalarStorage<T>::Of(own)) {
-                PutNumber(value, scalar->m_value);
+                if constexpr (std::is_same_v<T, qzString>)
+                    value.SetText(scalar->m_value);
+                else
+                    PutNumber(value, scalar->m_value);
                 return true;
             }
         }
@@ -108,15 +112,17 @@ std::unique_ptr<IProperty> MakeProperty(Place const& place, Definition const* de
     };
     switch (DataTypeUtils::GetValueDataType(definition)) {
     case DT_BOOL:
-        return make.template operator()<NumberProperty<bool>>();
+        return make.template operator()<ScalarProperty<bool>>();
     case DT_DOUBLE:
-        return make.template operator()<NumberProperty<double>>();
+        return make.template operator()<ScalarProperty<double>>();
     case DT_FLOAT:
-        return make.template operator()<NumberProperty<float>>();
+        return make.template operator()<ScalarProperty<float>>();
     case DT_INT:
-        return make.template operator()<NumberProperty<int>>();
+        return make.template operator()<ScalarProperty<int>>();
+    case DT_STRING:
+        return make.template operator()<ScalarProperty<qzString>>();
     case DT_UINT:
-        return make.template operator()<NumberProperty<unsigned int>>();
+        return make.template operator()<ScalarProperty<unsigned int>>();
     default:
         return make.template operator()<AttributeProperty>();
     }

@@ -58,13 +58,11 @@ bool ReadCharacter(ValuePtr const& value, Scalar& out, qzString& scratch) {
 }
 
 bool ReadText(ValuePtr const& value, Scalar& out, qzString& scratch) {
-    if (!IsOneElement(value))
-        return false;
-    if (qzString const* const text = value.GetValuePointerString(0, 0)) {
-        out.SetText(*text);
+    if (auto const* const text = ScalarStorage<qzString>::Of(&value)) {
+        out.SetText(text->m_value);
         return true;
     }
-    bool const isRead = value.GetValue(scratch, 0u, 0u);
+    bool const isRead = IsOneElement(value) && value.GetValue(scratch, 0u, 0u);
     if (isRead)
         out.SetText(scratch);
     return isRead;

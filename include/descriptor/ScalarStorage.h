@@ -30,7 +30,13 @@ inline constexpr BasicType s_scalarType<float> = BT_FLOAT;
 template <>
 inline constexpr BasicType s_scalarType<double> = BT_DOUBLE;
 
-/// One element in a holder. For numbers, Value reaches it without a virtual call: Of recognises a holder of
+/// The mark of a holder of one number or text; BT_NONE for anything else.
+template <class T>
+inline constexpr BasicType s_holderMark = s_scalarType<T>;
+template <>
+inline constexpr BasicType s_holderMark<qzString> = BT_STRING;
+
+/// One element in a holder. Numbers and texts are reached without a virtual call: Of recognises a holder of
 /// this library by a mark that nothing else sets, so that holders derived elsewhere keep their own behaviour.
 template <class T>
 class ScalarStorage : public ValuePtr {
@@ -38,12 +44,12 @@ public:
     T m_value;
 
     static ScalarStorage const* Of(ValuePtr const* holder) {
-        static_assert(s_scalarType<T> != BT_NONE, "only numbers are marked");
-        return holder->m_scalarTag == s_scalarType<T> ? static_cast<ScalarStorage const*>(holder) : nullptr;
+        static_assert(s_holderMark<T> != BT_NONE, "only numbers and texts are marked");
+        return holder->m_scalarTag == s_holderMark<T> ? static_cast<ScalarStorage const*>(holder) : nullptr;
     }
     static ScalarStorage* Of(ValuePtr* holder) {
-        static_assert(s_scalarType<T> != BT_NONE, "only numbers are marked");
-        return holder->m_scalarTag == s_scalarType<T> ? static_cast<ScalarStorage*>(holder) : nullptr;
+        static_assert(s_holderMark<T> != BT_NONE, "only numbers and texts are marked");
+        return holder->m_scalarTag == s_holderMark<T> ? static_cast<ScalarStorage*>(holder) : nullptr;
     }
 
 private:
@@ -52,7 +58,7 @@ private:
     friend class ElementPointerOf;
 
     ScalarStorage(T const& value, DisplayStatus status) : ValuePtr(status, false), m_value(value) {
-        m_scalarTag = static_cast<unsigned char>(s_scalarType<T>);
+        m_scalarTag = static_cast<unsigned char>(s_holderMark<T>);
     }
 };
 

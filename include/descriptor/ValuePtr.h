@@ -391,8 +391,8 @@ private:
     DisplayStatus m_displayStatus;
     bool m_memoryExternallyManaged = false;
     bool m_correspondsToEntityType = false;
-    // The basic type of a holder of one numeric scalar made by this library, else BT_NONE: what lets Value
-    // read and write such a holder without a virtual call.
+    // The basic type of a holder of one number or text made by this library, else BT_NONE: what lets such a
+    // holder be read and written without a virtual call.
     unsigned char m_scalarTag = 0;
 };
 
