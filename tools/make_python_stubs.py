@@ -60,6 +60,29 @@ HOOKS = {
     "Serializer.write_value": (f"entity: Entity, {ATTRIBUTE}", "bytes"),
     "Serializer.read_value": (f"data: bytes, entity: Entity, {ATTRIBUTE}", "None"),
 }
+# What the containers hold that signatures tell without it.
+ITEMS = {
+    "Allowables.bounds": "tuple[str, Any]",
+    "Allowables.values": "tuple[Any, str]",
+    "Content.__iter__": "Identifier",
+    "Database.__iter__": "str",
+    "EntityList.__iter__": "Entity",
+    "EntityList.of": "Entity | Object",
+    "EntityListBag.__init__": "EntityList",
+    "EntityListBag.__iter__": "EntityFullType",
+    "EntityListBag.values": "EntityList",
+    "EntityListBag.items": "tuple[EntityFullType, EntityList]",
+    "FormulaBag.__iter__": "EntityFullType",
+    "FormulaBag.values": "Formula",
+    "FormulaBag.items": "tuple[EntityFullType, Formula]",
+    "Members.__iter__": "Identifier",
+    "MetaobjectCollection.__init__": "Entity | Object",
+    "MetaobjectCollection.__iter__": "Object",
+    "Object.__iter__": "Identifier",
+    "Session.objects": "Object",
+    "TableSet.__iter__": "str",
+    "Tabular.to_dict": "str, Any",
+}
 # Results and arguments that the module passes through Python itself.
 PLAIN = {"object": "Any", "function": "Callable[..., Any]", "iterable": "Iterable[Any]", "iterator": "Iterator[Any]"}
 
@@ -96,6 +119,12 @@ def annotate(text: str, is_argument: bool) -> str:
         for name, also in ALSO.items():
             text = re.sub(rf"(?<![\w.\[]){name}\b(?! \| (?!None)| *\])", f"{name} | {also}", text)
     return text
+
+
+def fill(lines: list[str], path: str) -> list[str]:
+    """Says what the containers in the lines of a member hold."""
+    items = ITEMS.get(path, "Any")
+    return [re.sub(r"(?<=: |> )(list|dict|Iterable|Iterator)\b(?!\[)", rf"\1[{items}]", line) for line in lines]
 
 
 def parameter(text: str) -> str:
@@ -170,18 +199,19 @@ def of_class(name: str, cls: type, indent: str) -> list[str]:
     for member_name, member in vars(cls).items():
         if member_name.startswith("_") and member_name not in SPECIAL:
             continue
-        if f"{name}.{member_name}" in HOOKS:
-            body.append(hook(member_name, *HOOKS[f"{name}.{member_name}"], inner))
+        path = f"{name}.{member_name}"
+        if path in HOOKS:
+            body.append(hook(member_name, *HOOKS[path], inner))
         elif inspect.isclass(member):
             body = of_class(member_name, member, inner) + body
         elif isinstance(member, property):
-            body += of_property(member_name, member, inner)
+            body += fill(of_property(member_name, member, inner), path)
         elif isinstance(member, staticmethod):
-            body += methods(member_name, member.__func__, inner, True)
+            body += fill(methods(member_name, member.__func__, inner, True), path)
         elif member is None:
             body.append(f"{inner}{member_name}: None  # type: ignore[assignment]")
         elif callable(member) and (member_name != "__init__" or member.__doc__ and "->" in member.__doc__):
-            body += methods(member_name, member, inner, False)
+            body += fill(methods(member_name, member, inner, False), path)
     return written + (body or [f"{inner}..."])
 
 

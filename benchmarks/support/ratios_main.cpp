@@ -1,6 +1,6 @@
 // Runs the benchmarks of a program and then sets ours beside each peer. A benchmark's name is made of parts
 // between slashes, one of which says whose it is: "ours" or a peer's name. Of one that is measured in turns
-// the least time counts.
+// the least time counts, of one that is merely repeated the median.
 
 #include "support/turns.h"
 
@@ -54,7 +54,7 @@ public:
         ConsoleReporter::ReportRuns(runs);
         for (Run const& run : runs) {
             bool const single = run.run_type == Run::RT_Iteration && run.repetitions <= 1;
-            if (single || run.aggregate_name == s_least)
+            if (single || run.aggregate_name == (s_takesTurns ? s_least : "median"))
                 m_measured.push_back({P_PartsOf(run.run_name), run.GetAdjustedRealTime(), run.family_index,
                                       run.per_family_instance_index});
         }

@@ -142,27 +142,27 @@ std::unique_ptr<IProperty> TypeDataInterface::Bind(qzString const& property) {
     if (IsIdProperty(property))
         return std::make_unique<IdProperty>();
     auto byName = DataInterface::Bind(property);
-    unsigned int const attribute = P_FindAttribute(m_metaclass, property);
+    Identifier const identifier(property);
+    unsigned int const attribute = P_FindAttribute(m_metaclass, identifier);
     if (attribute == 0) {
         m_unknown.push_back(property);
         return byName;
     }
     m_attributes.push_back(attribute);
-    return MakeProperty({attribute, P_IsInDescendants(attribute, property)},
+    return MakeProperty({attribute, P_IsInDescendants(attribute, identifier)},
                         m_registry->GetDefinition(m_metaclass, attribute, 0), std::move(byName));
 }
 
-unsigned int TypeDataInterface::P_FindAttribute(unsigned int metaclass, qzString const& property) const {
-    return m_registry != nullptr ? m_registry->FindAttributeHandle(metaclass, Identifier(property), 0, true)
-                                 : 0;
+unsigned int TypeDataInterface::P_FindAttribute(unsigned int metaclass, Identifier const& identifier) const {
+    return m_registry != nullptr ? m_registry->FindAttributeHandle(metaclass, identifier, 0, true) : 0;
 }
 
 /// What a type gains after its children stands in another place there.
-bool TypeDataInterface::P_IsInDescendants(unsigned int attribute, qzString const& property) const {
+bool TypeDataInterface::P_IsInDescendants(unsigned int attribute, Identifier const& identifier) const {
     qzStlVector<unsigned int> descendants;
     m_registry->FindChildrenHandles(m_metaclass, descendants, true, false);
     return std::ranges::all_of(descendants, [&](unsigned int metaclass) {
-        return P_FindAttribute(metaclass, property) == attribute;
+        return P_FindAttribute(metaclass, identifier) == attribute;
     });
 }
 

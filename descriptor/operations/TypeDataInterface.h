@@ -30,8 +30,8 @@ public:
     std::vector<qzString> const& GetUnknown() const { return m_unknown; }
 
 private:
-    unsigned int P_FindAttribute(unsigned int metaclass, qzString const& property) const;
-    bool P_IsInDescendants(unsigned int attribute, qzString const& property) const;
+    unsigned int P_FindAttribute(unsigned int metaclass, Identifier const& identifier) const;
+    bool P_IsInDescendants(unsigned int attribute, Identifier const& identifier) const;
 
     MetaclassMgr const* m_registry;
     unsigned int m_metaclass;

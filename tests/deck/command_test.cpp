@@ -222,7 +222,7 @@ TEST(Command, PythonWorksOnTheObjectsOfADeck) {
     Outcome const refused = Call(folder, "run " + bridge + "PSHELL 1 \"Scale thickness\" -1");
     EXPECT_TRUE(refused.errors.starts_with("script (python): scale_thickness: Traceback")) << refused.errors;
     EXPECT_TRUE(
-        refused.errors.ends_with("Input of -4 violates: VALUE > 0\n\nqzdeck: Callback execution failed\n"))
+        refused.errors.ends_with("Input of -8 violates: VALUE > 0\nqzdeck: Callback execution failed\n"))
         << refused.errors;
 
     std::string const script = folder.Write("script.py", "from qz.mdi.isession import Session\n"

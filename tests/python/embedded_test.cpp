@@ -40,12 +40,15 @@ def thicken(ply):
 def spoil(ply):
     ply["T"] = -1
 
+def tell(ply):
+    print("told", end="")
+
 class Kinds:
     @staticmethod
     def make(ply):
         Session().create(ply.type)
 
-actions.thicken, actions.spoil, actions.Kinds = thicken, spoil, Kinds
+actions.thicken, actions.spoil, actions.tell, actions.Kinds = thicken, spoil, tell, Kinds
 )";
 
 class EmbeddedPython : public testing::Test {
@@ -61,6 +64,7 @@ protected:
         registry.InsertAttribute(ply, Identifier("T"), thickness, Identifier(), {});
         InsertAction("thicken", "");
         InsertAction("spoil", "");
+        InsertAction("tell", "");
         InsertAction("Kinds.make", "Kinds");
         InsertAction("nowhere", "");
     }
@@ -105,6 +109,13 @@ TEST_F(EmbeddedPython, RunsActionsOnTheSessionOfTheObject) {
     EXPECT_EQ(object->InvokeAction(Identifier("Kinds.make")).message, "Callback execution succeeded");
     EXPECT_EQ(dynamic_cast<store::Session&>(*object->GetSession()).GetCount(EntityFullType(s_type)), 2u);
     SetScriptRegistry(nullptr);
+}
+
+TEST_F(EmbeddedPython, ShowsWhatAnActionPrintsAtOnce) {
+    Metaobject const* const object = Make("s");
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(object->InvokeAction(Identifier("tell")).status, 0);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "told");
 }
 
 TEST_F(EmbeddedPython, SaysThatAnActionFailed) {

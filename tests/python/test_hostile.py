@@ -193,11 +193,13 @@ def test_actions_are_given_the_object_itself(held):
     assert seen[0] is row and seen[0]["T"] == 2
 
 
-@pytest.mark.parametrize("how", ["entity", "session", "registry"])
+@pytest.mark.parametrize("how", ["entity", "replaced", "session", "registry"])
 def test_an_enabled_test_that_ends_its_object_disables_the_action(held, how):
     def ends(row):
-        if how == "entity":
+        if how in ("entity", "replaced"):
             session.delete(row)
+            for id in (row.id + 70, row.id) if how == "replaced" else ():
+                session.create("Row", id=id)
         elif how == "session":
             held[0].remove_session(session)
         else:
@@ -206,7 +208,7 @@ def test_an_enabled_test_that_ends_its_object_disables_the_action(held, how):
     held[0].insert_action("Row", "look", qz.ActionDefinition("Look", lambda row: "seen", enabled_test=ends))
     session = held[0].session("a")
     rows = [session.create("Row") for _ in range(2)]
-    assert not rows[0].is_action_enabled("look") and not rows[0].is_alive
+    assert not rows[0].is_action_enabled("look") and rows[0].is_alive == (how == "replaced")
     with pytest.raises((qz.Refused, qz.Ended)):
         rows[1].invoke("look")
 
@@ -292,6 +294,7 @@ ENDS = {
 }
 QUESTIONS = [
     lambda session: session.all(), lambda session: session.explain(FIRST, "T > 1"), lambda session: session.count("Row"),
+    lambda session: session.is_a(FIRST, qz.EntityFullType("Row")),
     lambda session: session.create("Row"), lambda session: session.get(FIRST)["T"], lambda session: session.entities("Row", "T > 1"),
 ]
 
@@ -323,7 +326,7 @@ def test_a_registry_ends_nothing_while_it_is_asked(hook, end, reports):
             question(session)
         except (qz.Refused, qz.Ended):
             pass
-    assert all(alive)
+    assert alive and all(alive)
 
 
 def test_a_registry_that_is_asked_may_create_and_insert():

@@ -154,7 +154,7 @@ def test_scripts_print_where_python_prints(registry, session, capsys):
     try:
         ply = session.create("Ply")
         ply.invoke("tell")
-        assert capsys.readouterr().out == "told by Ply 1\n"
+        assert capsys.readouterr().out == "told by Entity('Ply', 1)\n"
         with pytest.raises(qz.Refused, match="Callback execution failed"):
             ply.invoke("fail")
         assert "ZeroDivisionError" in capsys.readouterr().err

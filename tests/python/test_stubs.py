@@ -85,6 +85,8 @@ class Rows(qz.CustomSession):
 def use(registry: qz.Registry, session: qz.Session) -> None:
     registry.insert_attribute("Row", "T", qz.Definition("T", float), secondary="t")
     session.create("Row", attribute="rows")
+    names: list[str] = [row.name for row in session.objects("Row")]
+    types: list[qz.EntityFullType] = [type for type, entities in session.all().items() if len(entities) > 0]
 '''
 
 
@@ -95,3 +97,10 @@ def test_type_checkers_pass_correct_overrides_and_no_others(tmp_path):
                           capture_output=True, text=True, cwd=FOLDER)
     errors = [line for line in done.stdout.splitlines() if ": error:" in line]
     assert len(errors) == 1 and '"delete_entity"' in errors[0], done.stdout
+
+
+def test_no_container_keeps_quiet_about_what_it_holds(tmp_path):
+    pytest.importorskip("mypy")
+    done = subprocess.run([sys.executable, "-m", "mypy", "--strict", "--cache-dir", str(tmp_path), "-p", "qzdescriptor"],
+                          capture_output=True, text=True, cwd=FOLDER)
+    assert done.returncode == 0, done.stdout

@@ -2,12 +2,33 @@
 
 #include "derived_object.h"
 
+#include <algorithm>
+#include <iterator>
+#include <mutex>
+
 namespace qzPython {
 
 namespace {
 
+/// What threads that are gone left to be ended. It stays, since Python may be gone before.
+struct Left {
+    std::mutex mutex;
+    std::vector<Kept> ended;
+};
+
+Left& GetLeft() {
+    static Left& left = *new Left;
+    return left;
+}
+
 /// Of one thread, as sessions are.
 struct Asks {
+    // A thread that ends cannot wait for Python, which may be ending itself.
+    ~Asks() {
+        std::lock_guard const guard(GetLeft().mutex);
+        std::ranges::move(ended, std::back_inserter(GetLeft().ended));
+    }
+
     unsigned int depth = 0;
     std::vector<Kept> ended; // what only those who asked last may still look at
 };
@@ -47,8 +68,15 @@ Asked::~Asked() {
 std::vector<Kept>& Asked::GetEnded() { return GetAsks().ended; }
 
 void Asked::EndWhatIsOver() {
-    if (GetAsks().depth == 0) // taken out before they end, which may run scripts that ask again
-        std::vector<Kept> const ended = std::exchange(GetEnded(), {});
+    if (GetAsks().depth != 0)
+        return;
+    // Both are taken out before they end, which may run scripts that ask again.
+    std::vector<Kept> const ended = std::exchange(GetEnded(), {});
+    std::vector<Kept> left;
+    {
+        std::lock_guard const guard(GetLeft().mutex);
+        left.swap(GetLeft().ended);
+    }
 }
 
 AskedObject::AskedObject(DerivedObject const& object) : m_asked(Hold(object)) {

@@ -10,7 +10,8 @@ class DerivedObject;
 
 /// While one lives, C++ asks something that is written in Python, whose script may let go of that very thing,
 /// and of others. They end when something is asked, or a session read, the next time: whoever asked may still
-/// look at them, or at the value that it was given.
+/// look at them, or at the value that it was given. Only what stands in a cycle of references ends whenever
+/// Python's collector finds it.
 class Asked {
 public:
     /// None for what need not be held.

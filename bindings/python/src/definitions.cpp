@@ -214,6 +214,7 @@ ActionDefinition::Function ToFunction(py::object const& function, Role role) {
     return [kept = KeepFunction(function), role](Metaobject const* object) {
         qzReturnStatus status{-1, "Python is gone"};
         RunOrReport([&] {
+            status.message = "The function failed";
             LentObject const lent(object);
             try {
                 status = ToStatus(kept.Get()(lent.Get()));

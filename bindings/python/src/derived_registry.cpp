@@ -38,8 +38,8 @@ template <class Take, class... Argument>
 bool PythonRegistry::P_Ask(char const* name, Take&& take, Argument const&... arguments) const {
     if (!m_isDerived)
         return false;
+    ++m_asks; // first, as what is over ends now, and its scripts end nothing here
     Asked const asked(HoldRegistry(this));
-    ++m_asks;
     bool const isAnswered =
         AskOverride([&] { return py::cast(&m_handle, py::return_value_policy::reference); },
                     py::type::of<RegistryHandle>(), name, take, arguments...);

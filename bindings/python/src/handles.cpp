@@ -125,6 +125,7 @@ LentObject::LentObject(Metaobject const* object) {
     ISession* const session = object != nullptr ? object->GetSession() : nullptr;
     if (session != nullptr && session->Get(object->GetEntity()) == object) {
         m_given = GiveObject(object, SessionHandle(*session));
+        m_object = object;
         return;
     }
     m_lent = std::make_shared<Metaobject const*>(object);
@@ -138,7 +139,10 @@ LentObject::~LentObject() {
 }
 
 bool LentObject::IsGone() const {
-    return !m_given.is_none() && m_given.cast<ObjectHandle const&>().Find() == nullptr;
+    if (m_given.is_none())
+        return false;
+    Metaobject const* const found = m_given.cast<ObjectHandle const&>().Find();
+    return found == nullptr || (m_object != nullptr && found != m_object);
 }
 
 Entity ToEntity(py::handle object) {

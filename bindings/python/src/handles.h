@@ -122,10 +122,11 @@ public:
     LentObject& operator=(LentObject const&) = delete;
 
     py::object const& Get() const { return m_given; }
-    /// Whether the object has ended since; of one that no session finds this stays unknown.
+    /// Whether the object has ended since, with another one in its place or none.
     bool IsGone() const;
 
 private:
+    Metaobject const* m_object = nullptr; ///< of a session's own, which nothing keeps: only to compare with
     std::shared_ptr<Metaobject const*> m_lent;
     py::object m_given;
 };

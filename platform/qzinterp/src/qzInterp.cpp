@@ -58,6 +58,14 @@ qzInterp::Report Copy(qzInterp::Report Registry::*report) {
     return registry.*report;
 }
 
+/// What has been run is done, whatever those think who are told.
+void Tell(qzInterp::Report const& report, qzString const& language, qzString const& text) {
+    try {
+        report(language, text);
+    } catch (...) { // nobody is left to be told
+    }
+}
+
 } // namespace
 
 qzInterp::~qzInterp() = default;
@@ -96,9 +104,9 @@ qzInterp::Report qzInterp::SetFailureReport(Report report) {
 
 void qzInterp::ReportFailure(qzString const& language, qzString const& message) {
     if (Report const report = Copy(&Registry::failureReport))
-        report(language, message);
+        Tell(report, language, message);
     else
-        std::cerr << "script (" << language << "): " << message << '\n';
+        std::cerr << "script (" << language << "): " << message << (message.ends_with('\n') ? "" : "\n");
 }
 
 qzInterp::Report qzInterp::SetOutputReport(Report report) {
@@ -109,7 +117,7 @@ void qzInterp::ReportOutput(qzString const& language, qzString const& output) {
     if (output.empty())
         return;
     if (Report const report = Copy(&Registry::outputReport))
-        report(language, output);
+        Tell(report, language, output);
     else
         std::cout << output << std::flush;
 }

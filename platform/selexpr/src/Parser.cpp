@@ -8,7 +8,7 @@ namespace ui::selexpr {
 namespace {
 
 constexpr unsigned s_deepest = 200;
-constexpr std::size_t s_longest = 16'000'000; // in bytes; each may take two hundred of memory
+constexpr std::size_t s_longest = 16'000'000; // in bytes; each may take three hundred of memory
 
 constexpr std::pair<Token::Kind, Operator> s_comparisons[] = {
     {Token::Kind::Equal, Operator::Equal},

@@ -19,8 +19,8 @@ public:
 
 private:
     qzString m_folded;
-    std::array<std::uint8_t, 256>
-        m_moves;               ///< by the byte where it might end; 0 for the one that it ends with
+    /// By the byte where it might end; 0 for the one that it ends with.
+    std::array<std::uint8_t, 256> m_moves;
     std::uint8_t m_moveOn = 1; ///< from a place where the last byte fits and another does not
 };
 

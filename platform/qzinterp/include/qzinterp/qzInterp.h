@@ -38,8 +38,8 @@ public:
     using Report = std::function<void(qzString const& language, qzString const& text)>;
 
     // Actions and callbacks of signals run scripts whose output nobody waits for. These are told of it, and
-    // may be called by any thread that runs scripts. Setting one gives the one before; an empty one is the
-    // first.
+    // may be called by any thread that runs scripts; what they throw is dropped. Setting one gives the one
+    // before; an empty one restores the first.
 
     /// Why such a script failed, with what it had printed. At first this goes to standard error.
     static Report SetFailureReport(Report report);
