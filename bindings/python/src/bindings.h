@@ -85,8 +85,8 @@ bool HasAttribute(py::handle object, char const* name);
 /// Where exceptions go that nobody waits for: to sys.unraisablehook, where somebody has set it, else where
 /// the failures of scripts go. Of the exception that is being handled.
 void ReportFailure() noexcept;
-/// Lets what scripts print, and their failures, go to sys.stdout and sys.stderr, as users of notebooks expect,
-/// unless the application reads them.
+/// Lets what scripts print, and their failures, go to sys.stdout and sys.stderr, as users of notebooks
+/// expect, unless the application reads them.
 void ReportWherePythonPrints();
 /// Runs what calls into Python on behalf of C++: exceptions are reported, and false is answered.
 template <class Work>
