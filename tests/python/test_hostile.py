@@ -2,6 +2,8 @@
 
 import gc
 import inspect
+import subprocess
+import sys
 
 import pytest
 
@@ -363,3 +365,43 @@ def test_a_function_that_groups_attributes_may_delete_the_object(held):
     with pytest.raises(qz.Ended):
         qz.AttributeHelper(row).categories(group)
     assert not row.is_alive
+
+
+ENDING_THREAD = """
+import threading
+import qzdescriptor as qz
+
+class Row(qz.CustomObject):
+    def read_value(self, attribute):
+        rows.clear()
+        return 2.0
+
+class Rows(qz.CustomSession):
+    def create_entity(self, type, owner, under):
+        entity = qz.Entity(type, 1)
+        rows[1] = Row(self, entity)
+        return entity
+
+    def get_object(self, entity):
+        return rows.get(entity.id)
+
+def work():
+    attribute = qz.Attribute(rows[1], "T")
+    print(attribute.value)
+
+rows = {}
+registry = qz.Registry()
+registry.insert("Row")
+registry.insert_attribute("Row", "T", qz.Definition("T", float, default=1.0))
+session = Rows("a", registry)
+session.create("Row")
+thread = threading.Thread(target=work)
+thread.start()
+thread.join()
+"""
+
+
+def test_threads_that_hold_what_is_over_may_end_while_python_does():
+    for _ in range(5):
+        done = subprocess.run([sys.executable, "-c", ENDING_THREAD], capture_output=True, text=True)
+        assert (done.returncode, done.stdout) == (0, "2.0\n"), done.stderr
