@@ -265,7 +265,6 @@ def test_methods_are_not_called_on_nothing():
 
 
 def test_exceptions_without_a_text_are_told(held, capfd, monkeypatch):
-    import sys
     monkeypatch.setattr(sys, "unraisablehook", sys.__unraisablehook__)
 
     class Mute(BaseException):
