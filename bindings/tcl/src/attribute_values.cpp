@@ -130,29 +130,56 @@ bool IsWhole(BasicType type) {
     return std::ranges::find(whole, type) != std::end(whole);
 }
 
+/// A whole number in decimals; none for other words. Tcl gives what needs 64 bits and a sign modulo 2^64.
+std::optional<qzString> ToWholeText(Tcl_Obj* word) {
+    Tcl_WideInt number = 0;
+    if (Tcl_GetWideIntFromObj(nullptr, word, &number) != TCL_OK)
+        return std::nullopt;
+    bool const isSigned = ToText(word).find('-') != qzString::npos;
+    if (isSigned && number > 0)
+        return std::nullopt;
+    return isSigned ? std::to_string(number) : std::to_string(static_cast<Tcl_WideUInt>(number));
+}
+
+/// A number as it is written; none for other words, such as several numbers.
+std::optional<qzString> ToNumberText(Tcl_Obj* word) {
+    double number = 0;
+    return Tcl_GetDoubleFromObj(nullptr, word, &number) == TCL_OK ? std::optional(ToText(word))
+                                                                  : std::nullopt;
+}
+
+/// The text that a couple or triple is read from.
+qzString ToMembersText(bool areWhole, Tcl_Obj* word, std::size_t count) {
+    Words const members = ToList(word);
+    bool fits = members.size() == count;
+    qzString text;
+    for (Tcl_Obj* const member : members) {
+        std::optional<qzString> const written = areWhole ? ToWholeText(member) : ToNumberText(member);
+        fits = fits && written;
+        text += (text.empty() ? "" : " ") + written.value_or("");
+    }
+    if (!fits)
+        throw Failure("'" + ToText(word) + "' is no list of " + std::to_string(count) +
+                      (areWhole ? " whole numbers" : " numbers"));
+    return text;
+}
+
 /// The text that an element is read from. Tcl has many words for true and false; and where the library takes
 /// as much of a text as it needs, nothing of a word is left out here.
 qzString ToElementText(Definition const& definition, Tcl_Obj* word) {
     BasicType const type = definition.GetValueBasicType();
     CompoundType const compound = definition.GetValueCompoundType();
     int truth = 0;
-    Tcl_WideInt number = 0;
-    if (compound == CT_COUPLE || compound == CT_TRIPLE) {
-        std::size_t const expected = compound == CT_COUPLE ? 2 : 3;
-        Words const members = ToList(word);
-        bool const areWhole = !IsWhole(type) || std::ranges::all_of(members, [&](Tcl_Obj* member) {
-            return Tcl_GetWideIntFromObj(nullptr, member, &number) == TCL_OK;
-        });
-        if (members.size() != expected || !areWhole)
-            throw Failure("'" + ToText(word) + "' is no list of " + std::to_string(expected) +
-                          (IsWhole(type) ? " whole numbers" : " numbers"));
-    } else if (compound == CT_SCALAR && IsWhole(type)) {
-        if (Tcl_GetWideIntFromObj(nullptr, word, &number) != TCL_OK)
+    if (compound == CT_COUPLE || compound == CT_TRIPLE)
+        return ToMembersText(IsWhole(type), word, compound == CT_COUPLE ? 2 : 3);
+    if (compound == CT_SCALAR && IsWhole(type)) {
+        std::optional<qzString> const text = ToWholeText(word);
+        if (!text)
             throw Failure("'" + ToText(word) + "' is no whole number");
-        return std::to_string(number);
-    } else if (type == BT_BOOL && Tcl_GetBooleanFromObj(nullptr, word, &truth) == TCL_OK) {
-        return truth != 0 ? "true" : "false";
+        return *text;
     }
+    if (type == BT_BOOL && Tcl_GetBooleanFromObj(nullptr, word, &truth) == TCL_OK)
+        return truth != 0 ? "true" : "false";
     return ToText(word);
 }
 
